@@ -1,0 +1,192 @@
+// The string's storage. A heap block begins with its capacity, in the bytes in front of the text.
+#include "base/dynstring.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <climits>
+#include <new>
+
+#include "base/fatal.h"
+
+namespace {
+
+constexpr int sharedBlankMax = 256;
+constexpr int offsetMax = 0xFFFFFF;
+constexpr std::size_t headerSize = sizeof(std::size_t);
+
+constexpr auto sharedBlanks = [] {
+  std::array<char, sharedBlankMax + 1> blanks{};
+  blanks.fill(' ');
+  blanks.back() = '\0';
+  return blanks;
+}();
+
+std::size_t capacityOf(const char* block) {
+  std::size_t capacity = 0;
+  std::memcpy(&capacity, block - headerSize, headerSize);
+  return capacity;
+}
+
+/** A block for that many characters and the closing zero. */
+char* newBlock(std::size_t capacity) {
+  if (capacity >= INT_MAX) outOfMemory();  // lengths are integers
+  char* start = static_cast<char*>(::operator new(headerSize + capacity + 1));
+  std::memcpy(start, &capacity, headerSize);
+  return start + headerSize;
+}
+
+}  // namespace
+
+DynString::DynString(DynString&& other) noexcept : store(other.store) { other.becomeUnset(); }
+
+DynString& DynString::operator=(const DynString& other) {
+  if (this != &other) set(other.view());
+  return *this;
+}
+
+DynString& DynString::operator=(DynString&& other) noexcept {
+  if (this == &other) return *this;
+  release();
+  store = other.store;
+  other.becomeUnset();
+  return *this;
+}
+
+void DynString::set(std::string_view text) {
+  if (text.size() > inlineMax) {
+    char* block = newBlock(text.size());
+    std::memcpy(block, text.data(), text.size());
+    release();
+    becomeHeap(block, 0, text.size());
+    return;
+  }
+  Store next;
+  if (!text.empty()) std::memcpy(next.chars, text.data(), text.size());
+  release();
+  store = next;
+  setInlineLength(text.size());
+}
+
+void DynString::setBlanks(int count) {
+  release();
+  becomeUnset();
+  if (count <= inlineMax || count > sharedBlankMax) {
+    catRepeated(count, ' ');
+    return;
+  }
+  store.heap.text = const_cast<char*>(sharedBlanks.data()) + sharedBlankMax - count;
+  store.heap.length = static_cast<std::uint32_t>(count);
+  setTag(sharedTag);
+}
+
+void DynString::cat(std::string_view text) {
+  if (text.empty()) return;
+  const bool ownText = text.data() >= get() && text.data() <= get() + length();
+  if (ownText) {
+    const DynString copy(text);
+    cat(copy.view());
+    return;
+  }
+  std::memcpy(makeRoom(text.size()), text.data(), text.size());
+}
+
+void DynString::catl(long number) {
+  std::array<char, 24> digits;
+  const auto end = std::to_chars(digits.begin(), digits.end(), number).ptr;
+  cat(std::string_view(digits.data(), static_cast<std::size_t>(end - digits.data())));
+}
+
+void DynString::catRepeated(int count, char character) {
+  if (count <= 0) return;
+  std::memset(makeRoom(static_cast<std::size_t>(count)), character, static_cast<std::size_t>(count));
+}
+
+char* DynString::rewrite(int newLength) {
+  const auto wanted = static_cast<std::size_t>(newLength);
+  if (isHeap() && wanted > inlineMax && capacityOf(blockStart()) >= wanted) {
+    becomeHeap(blockStart(), 0, wanted);
+    return store.heap.text;
+  }
+  release();
+  becomeUnset();
+  return makeRoom(wanted);
+}
+
+void DynString::truncate(int count) {
+  if (count >= length()) return;
+  if (isHeap() && count > inlineMax) {
+    store.heap.text[count] = '\0';
+    store.heap.length = static_cast<std::uint32_t>(count);
+    return;
+  }
+  set(view().substr(0, static_cast<std::size_t>(count)));
+}
+
+void DynString::dropFront(int count) {
+  if (count <= 0) return;
+  const std::string_view rest = view().substr(static_cast<std::size_t>(count));
+  if (!isHeap() || rest.size() <= inlineMax) {
+    set(rest);
+    return;
+  }
+  char* block = blockStart();
+  int offset = headOffset() + count;
+  if (offset > offsetMax) {
+    std::memmove(block, rest.data(), rest.size());
+    offset = 0;
+  }
+  becomeHeap(block + offset, offset, rest.size());
+}
+
+void DynString::overwrite(int index, std::string_view text) {
+  if (!isInline() && !isHeap()) set(DynString(view()).view());
+  char* target = isInline() ? store.chars : store.heap.text;
+  std::memcpy(target + index, text.data(), text.size());
+}
+
+void DynString::setInlineLength(std::size_t textLength) {
+  store.chars[textLength] = '\0';
+  setTag(static_cast<std::uint8_t>(inlineMax - textLength));
+}
+
+void DynString::freeBlock() { ::operator delete(blockStart() - headerSize); }
+
+int DynString::headOffset() const {
+  const auto& bytes = store.heap.offset;
+  return bytes[0] | bytes[1] << 8 | bytes[2] << 16;
+}
+
+void DynString::becomeHeap(char* text, int offset, std::size_t textLength) {
+  text[textLength] = '\0';
+  store.heap.text = text;
+  store.heap.length = static_cast<std::uint32_t>(textLength);
+  for (auto& byte : store.heap.offset) {
+    byte = static_cast<std::uint8_t>(offset);
+    offset >>= 8;
+  }
+  setTag(heapTag);
+}
+
+/** Makes the text longer by `added` characters, which the caller writes where the result says. */
+char* DynString::makeRoom(std::size_t added) {
+  const std::string_view old = view();
+  const std::size_t wanted = old.size() + added;
+  if (wanted <= inlineMax && isInline()) {
+    setInlineLength(wanted);
+    return store.chars + old.size();
+  }
+  if (isHeap()) {
+    const int offset = headOffset();
+    if (capacityOf(blockStart()) >= wanted + static_cast<std::size_t>(offset)) {
+      becomeHeap(store.heap.text, offset, wanted);
+      return store.heap.text + old.size();
+    }
+  }
+  const bool grows = isHeap();  // the first long text gets no spare room: most never grow
+  char* block = newBlock(grows ? std::max(wanted, 2 * old.size()) : wanted);
+  std::memcpy(block, old.data(), old.size());
+  release();
+  becomeHeap(block, 0, wanted);
+  return block + old.size();
+}

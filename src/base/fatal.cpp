@@ -1,0 +1,24 @@
+// Fatal errors. Nothing here allocates: memory may be what is missing.
+#include "base/fatal.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+namespace {
+
+constexpr int fatalStatus = 2;
+
+}  // namespace
+
+void fatalError(const char* message, const char* reason) {
+  std::fputs("Error! qorn: ", stderr);  // unbuffered, as every standard error stream
+  std::fputs(message, stderr);
+  if (reason != nullptr) {
+    std::fputs(": ", stderr);
+    std::fputs(reason, stderr);
+  }
+  std::fputs("\n", stderr);
+  std::exit(fatalStatus);
+}
+
+void outOfMemory() { fatalError("not enough memory"); }

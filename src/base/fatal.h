@@ -1,0 +1,13 @@
+// The one way to end the run from inside: a fault that no caller can mend, such as exhausted memory
+// or an input that fails while it is read.
+#ifndef QORN_BASE_FATAL_H
+#define QORN_BASE_FATAL_H
+
+/** Writes "Error! qorn: MESSAGE" as one line on standard error, or "Error! qorn: MESSAGE: REASON"
+    where a reason is given, and ends the run with status 2. */
+[[noreturn]] void fatalError(const char* message, const char* reason = nullptr);
+
+/** The handler to give to std::set_new_handler: no memory is a fatal error. */
+[[noreturn]] void outOfMemory();
+
+#endif

@@ -1,0 +1,123 @@
+// The doubly linked list that everything works on, and its cursor, the anchor.
+//
+// The contract of the cursor:
+// - A list has one current position, the anchor: a node or null. It starts as null.
+// - getFirst, getLast, getNext and getPrev move it and return the item that it ends on. Walking off
+//   either end leaves it null, and from null getNext and getPrev lead nowhere: only getFirst,
+//   getLast and popAnchor bring it back.
+// - pushAnchor and popAnchor save and restore it, null included, nested to any depth, last in,
+//   first out. A pop without a push leaves null.
+// - addItemAnchor leaves it on the new node; the other insertions leave it where it was.
+#ifndef QORN_BASE_OLDLIST_H
+#define QORN_BASE_OLDLIST_H
+
+#include "base/pool.h"
+#include "base/stack.h"
+
+/** Base of everything that stands in an OldList. Counts the nodes that hold it. */
+class OldListItem {
+ public:
+  OldListItem() = default;
+  OldListItem(const OldListItem&) {}  // a copy stands in no list yet
+  OldListItem& operator=(const OldListItem&) = delete;
+  virtual ~OldListItem() = default;
+
+  /** 1 if other lies at a higher address, 0 if it is this item, -1 if lower. */
+  virtual int Compare(const OldListItem* other) const;
+  /** Prints the item's address, for debugging. */
+  virtual void view8() const;
+
+  void incRefCount() { ++refCount; }
+  void decRefCount() { --refCount; }
+  int getRefCount() const { return refCount; }
+
+ private:
+  int refCount = 0;
+};
+
+/** One place in a list. The last node that holds an item deletes it. */
+class OldListRefItem {
+ public:
+  explicit OldListRefItem(OldListItem* held) : item(held) { item->incRefCount(); }
+  OldListRefItem(const OldListRefItem&) = delete;
+  OldListRefItem& operator=(const OldListRefItem&) = delete;
+  ~OldListRefItem() {
+    if (item == nullptr) return;
+    item->decRefCount();
+    if (item->getRefCount() < 1) delete item;
+  }
+
+  static void* operator new(std::size_t) { return Pool<sizeof(OldListRefItem)>::take(); }
+  static void operator delete(void* node) { Pool<sizeof(OldListRefItem)>::give(node); }
+
+  OldListItem* getItem() const { return item; }
+  OldListRefItem* getNext() const { return next; }
+  OldListRefItem* getPrev() const { return prev; }
+  void setNext(OldListRefItem* node) { next = node; }
+  void setPrev(OldListRefItem* node) { prev = node; }
+  /** Lets go of the item without deleting it or lowering its count. */
+  void removeItem() { item = nullptr; }
+
+ private:
+  OldListItem* item;
+  OldListRefItem* next = nullptr;
+  OldListRefItem* prev = nullptr;
+};
+
+class OldList {
+ public:
+  OldList() = default;
+  OldList(const OldList&) = delete;
+  OldList& operator=(const OldList&) = delete;
+  virtual ~OldList() { deleteAllItems(); }
+
+  // --- Cursor ---
+
+  OldListItem* getFirst() { return moveTo(first); }
+  OldListItem* getLast() { return moveTo(last); }
+  OldListItem* getNext() { return moveTo(anchor == nullptr ? nullptr : anchor->getNext()); }
+  OldListItem* getPrev() { return moveTo(anchor == nullptr ? nullptr : anchor->getPrev()); }
+  OldListItem* getAnchor() const { return anchor == nullptr ? nullptr : anchor->getItem(); }
+  void pushAnchor() { anchorStack.push(anchor); }
+  void popAnchor() { anchor = anchorStack.pop(); }
+  /** Anchors saved and not restored. */
+  int countPushedAnchors() const { return anchorStack.getDepth(); }
+  /** The anchor's node, null without an anchor: a place to compare with or to come back to. */
+  OldListRefItem* getAnchorNode() const { return anchor; }
+  /** Puts the anchor on a node of this list, or on none. */
+  void setAnchorNode(OldListRefItem* node) { anchor = node; }
+
+  // --- Insertion: the list takes the item over ---
+
+  void addItemLast(OldListItem* item);
+  void addItemFirst(OldListItem* item);
+  /** Directly behind the anchor; at the end without an anchor. */
+  void addItemAnchor(OldListItem* item);
+
+  // --- Removal: delete frees the item, remove spares it ---
+
+  /** Leaves an empty list without an anchor. */
+  void deleteAllItems();
+  /** The first node that holds the item, if any. An anchor on it moves to the node before. */
+  void deleteItem(const OldListItem* item);
+  void removeItem(const OldListItem* item);
+  /** The anchor's node; the anchor moves to the node before it, null at the head. */
+  void deleteItemAnchor();
+  /** As deleteItemAnchor, but from the head the anchor moves to the new head. */
+  void removeItemAnchor();
+
+ private:
+  OldListItem* moveTo(OldListRefItem* node) {
+    anchor = node;
+    return getAnchor();
+  }
+  OldListRefItem* findRefItem(const OldListItem* item) const;
+  void unlink(OldListRefItem* node);
+
+  OldListRefItem* first = nullptr;
+  OldListRefItem* anchor = nullptr;
+  OldListRefItem* last = nullptr;
+  Stack<OldListRefItem*> anchorStack;
+};
+
+#endif

@@ -1,0 +1,64 @@
+// Storage for the records of a list: millions of small blocks of one size, cut from slabs without an
+// allocation each. A block that is given back is the next one taken; slabs live until the process
+// ends, so a run over many files needs the memory of its largest one.
+#ifndef QORN_BASE_POOL_H
+#define QORN_BASE_POOL_H
+
+#include <cstddef>
+#include <new>
+
+#if defined(__SANITIZE_ADDRESS__)
+#define QORN_POOL_IS_HEAP 1
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define QORN_POOL_IS_HEAP 1
+#endif
+#endif
+
+template <std::size_t Size>
+class Pool {
+ public:
+  /** An uninitialised block of Size bytes. Exhausted memory ends in the handler of operator new. */
+  static void* take() {
+#ifdef QORN_POOL_IS_HEAP  // the address sanitizer is to see every block by itself
+    return ::operator new(Size);
+#else
+    if (freeBlocks != nullptr) {
+      Block* block = freeBlocks;
+      freeBlocks = block->next;
+      return block;
+    }
+    if (fresh == freshEnd) addSlab();
+    void* block = fresh;
+    fresh += Size;
+    return block;
+#endif
+  }
+
+  static void give(void* block) {
+#ifdef QORN_POOL_IS_HEAP
+    ::operator delete(block);
+#else
+    freeBlocks = ::new (block) Block{freeBlocks};
+#endif
+  }
+
+ private:
+  struct Block {
+    Block* next;
+  };
+  static_assert(Size >= sizeof(Block) && Size % alignof(Block) == 0);
+
+  static constexpr std::size_t blocksPerSlab = 65536 / Size;
+
+  static void addSlab() {
+    fresh = static_cast<char*>(::operator new(blocksPerSlab * Size));
+    freshEnd = fresh + blocksPerSlab * Size;
+  }
+
+  static inline Block* freeBlocks = nullptr;
+  static inline char* fresh = nullptr;
+  static inline char* freshEnd = nullptr;
+};
+
+#endif

@@ -1,0 +1,79 @@
+// The measuring walk, and the plain walk that a debug build holds against it.
+#include "scanner/lineruler.h"
+
+#include <algorithm>
+#include <cassert>
+
+namespace {
+
+const VhdlToken& tokenOf(const OldListRefItem* node) {
+  return *static_cast<const VhdlToken*>(node->getItem());
+}
+
+/** The first token at or behind a node that is no blank, or null. */
+OldListRefItem* skipBlanks(OldListRefItem* node) {
+  while (node != nullptr && tokenOf(node).getTyp() == T_WHITESPACE) node = node->getNext();
+  return node;
+}
+
+/** The reading without a memory. */
+[[maybe_unused]] LineRuler::Reading readPlainly(OldListRefItem* place, int tabWidth) {
+  int column = 0;
+  OldListRefItem* start = place;
+  for (OldListRefItem* node = place->getPrev(); node != nullptr; node = node->getPrev()) {
+    if (beginsWithLineEnd(tokenOf(node), 1)) break;
+    column += countColumns(tokenOf(node), 1, tabWidth);
+    start = node;
+  }
+  return {skipBlanks(start), column};
+}
+
+}  // namespace
+
+bool beginsWithLineEnd(const VhdlToken& token, int formatted) {
+  return *token.getText(formatted) == '\n';
+}
+
+int countColumns(const VhdlToken& token, int formatted, int tabWidth) {
+  const std::string_view text = token.viewText(formatted);
+  const int length = static_cast<int>(text.size());
+  if (token.getTyp() == T_WHITESPACE || token.getTyp() == T_COMMENT) return length;
+  const int tabs = static_cast<int>(std::ranges::count(text, '\t'));
+  return tabs == 0 ? length : length + tabs * (tabWidth - 1);
+}
+
+LineRuler::Reading LineRuler::read(OldListRefItem* place, int tabWidth) {
+  int column = 0;
+  int behindMark = 0;                // columns between the new mark and the place
+  OldListRefItem* newMark = nullptr; // the nearest token before the place that can be one
+  OldListRefItem* earliest = place;  // the token furthest back that is no blank
+  OldListRefItem* node = place->getPrev();
+  for (; node != nullptr && node != mark; node = node->getPrev()) {
+    const VhdlToken& token = tokenOf(node);
+    if (token.getTyp() == T_WHITESPACE) {
+      column += token.textLength(1);
+      continue;
+    }
+    if (beginsWithLineEnd(token, 1)) break;
+    if (newMark == nullptr && token.getTyp() != T_NEWLINE) {
+      newMark = node;
+      behindMark = column;
+    }
+    column += countColumns(token, 1, tabWidth);
+    earliest = node;
+  }
+  if (mark != nullptr && node == mark) {
+    column += width;
+  } else {
+    first = skipBlanks(earliest);
+    mark = nullptr;
+  }
+  if (newMark != nullptr) {
+    mark = newMark;
+    width = column - behindMark;
+  }
+  const Reading reading{first, column};
+  assert(reading.first == readPlainly(place, tabWidth).first);
+  assert(reading.column == readPlainly(place, tabWidth).column);
+  return reading;
+}

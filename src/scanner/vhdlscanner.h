@@ -1,0 +1,315 @@
+// The formatter. Every formatting operation is a member of the one class; its rooms stand below as
+// banners, each with the contract that the members of the room share.
+#ifndef QORN_SCANNER_VHDLSCANNER_H
+#define QORN_SCANNER_VHDLSCANNER_H
+
+#include <cstdio>
+
+#include "base/anchorguard.h"
+#include "base/dynstring.h"
+#include "base/oldlist.h"
+#include "base/stack.h"
+#include "scanner/lineruler.h"
+#include "tokens/tokencodes.h"
+#include "tokens/vhdltoken.h"
+
+/** One object of this class formats all files of a run. It holds the token list of the file in hand,
+    every setting, and the state of the passes over that list.
+
+    Its life: settings first (ReadConfigFile, the setters of the options); then for each input
+    setInputFile, format, Print and Reset. There is no parser. A pass reads the token list with
+    getNextToken, looks only at the words that open a construct, and calls the handler that bears
+    the word's name; what no handler takes gets the default treatment, so that nothing is rejected.
+
+    The rule of the anchor: all passes share the list's one cursor. Questions and primitives leave it
+    where it was; handlers move it on to the last token that they consumed. Blanks and line ends are
+    tokens too. They change by their format text alone, new ones are inserted, and nothing leaves the
+    list before Reset. Columns are counted from 0 and in bytes, widths are counts. */
+class VhdlScanner {
+ public:
+  VhdlScanner();
+  VhdlScanner(const VhdlScanner&) = delete;
+  VhdlScanner& operator=(const VhdlScanner&) = delete;
+  virtual ~VhdlScanner();
+
+  void setIncludeOption() { includeOption = 1; }
+  void setKeepIndentation() { keepIndentation = 1; }
+  /** Tab distance of the input. Requires: size > 0. */
+  void setOldTabsize(int size) { oldTabsize = size; }
+  /** Reads the named configuration file or, with null, every one that the search finds, and applies
+      them. 0, or -1 if a named file can't be opened, which has then been told. */
+  [[nodiscard]] int ReadConfigFile(const char* path);
+  /** Opens the file, or the file with the extension of VHDLEXT behind its name; null stands for the
+      standard input. 0, or -1 if neither opens, which has then been told. */
+  [[nodiscard]] int setInputFile(const char* path);
+  /** Reads the input to its end, closes it and lays the list out. 0, or -1. */
+  [[nodiscard]] int format();
+  /** Writes the list: to the standard output if stream is not null, else over the input file, whose
+      old text stays under the backup name. Failures are told. */
+  void Print(FILE* stream);
+  /** Makes the object ready for the next file. */
+  void Reset();
+
+ private:
+  friend class ScannerProbe;  // the unit tests' view of lists and primitives
+
+  // --- Pipeline (pipeline.cpp) ---
+
+  void startLex();
+  void closeInputFile();
+  int IncludeHeaders();
+  /** The sentinel: a printed line end at the head of the list, so that every walk backward meets one.
+      It is neither measured nor written. */
+  void addSentinel();
+
+  // --- Configuration (config/settings.cpp) ---
+
+  /** Reads the stream's keys and values to the end of configList and closes it. */
+  void scanConfigFile(FILE* stream, const char* path);
+  /** Writes the values of configList into the settings, the first key first. */
+  void setConfigVariables();
+
+  // --- Output (layout/output.cpp) ---
+
+  /** Makes the backup and opens the file for writing; null on a failure, which has then been told. */
+  FILE* OpenOutfile();
+  void CloseOutfile();
+  /** The comment's or the blanks' text with blanks turned into tabs, where it starts at `start`. The
+      result is the text itself or stands in `tabifyBuffer` until the next call of either. */
+  std::string_view Tabify(int start, std::string_view text);
+  std::string_view TabifyWhitespace(int start, std::string_view text);
+
+  // --- Look-around (lookaround.cpp): questions about the anchor's neighbours; the anchor stays ---
+
+  VhdlToken* anchorToken() const { return static_cast<VhdlToken*>(tokenList.getAnchor()); }
+  VhdlToken* stepForward() { return static_cast<VhdlToken*>(tokenList.getNext()); }
+  VhdlToken* stepBack() { return static_cast<VhdlToken*>(tokenList.getPrev()); }
+  int getParenLevel() const;
+  /** Code of the next token, blanks passed over; -1 at the end of the list. */
+  int typBehindBlanks();
+  /** Code of the previous token, blanks passed over; -1 at the head of the list. */
+  int typBeforeBlanks();
+  int nextIs(int typ) { return typBehindBlanks() == typ ? 1 : 0; }
+  int prevIs(int typ) { return typBeforeBlanks() == typ ? 1 : 0; }
+  /** Is the next token that is neither blank nor line end an ordinary comment? */
+  int nextIsComment();
+  /** Does the anchor stand first on its line? With mode 1 emptied line ends don't count as such. */
+  int prevIsNewline(int mode);
+  /** Do an identifier and a colon, and perhaps the word postponed, stand before the anchor? */
+  int prevIsLabel();
+  /** Code of the count-th token ahead that is no blank, line end or comment; T_EOF at the end. */
+  int LookForward(int count);
+  /** Columns before the anchor on its line: of the output as far as it is laid out with mode 1, of
+      the source with mode 0. */
+  int getColumn(int mode);
+
+  // --- Indentation (indentation.cpp) ---
+
+  /** Saves the indent, then adds the amount to it (relative 1) or sets it to the amount, and opens
+      the statement. Undone by one popIndent. */
+  void setIndent(int amount, int relative);
+  /** Back to the indent saved last, 0 if there is none. */
+  void popIndent();
+  void StatementClosed() { statementClosed = 1; }
+  void StatementOpen() { statementClosed = 0; }
+  /** Opens a statement, with its continuation one step in, unless one is open. */
+  void setIdentifierIndent();
+  /** Stamps the indent on the anchor token, whatever it was stamped with before. */
+  void setTokenIndent();
+  /** Sets the indent behind a word that goes back to the level of its head: the token takes that
+      level, what follows stands `step` further. */
+  void stepOutAndIn(int step);
+
+  // --- Spacing and line primitives (primitives.cpp): the only tools for blanks and line ends. They
+  // --- write format texts alone. The anchor stays, but for setNextNewline.
+
+  void setNextSpaces(int count);
+  void setPrevSpaces(int count);
+  /** Ends the line behind the anchor and moves the anchor onto the line end; does nothing where a
+      comment follows on the line. */
+  void setNextNewline();
+  /** Starts a line with the anchor token. */
+  void setPrevNewline();
+  void deleteNewline();
+  void singleSpace();
+  /** Gives the anchor's line its blanks, after adding delta to its first token's indent for good. On
+      a line end, the line meant is the one that ends there. */
+  void IndentLine(int delta);
+  VhdlToken* newSpacing(int typ, int level, std::string_view format);
+  void insertNewline(int level);
+
+  // --- Comments (comments.cpp) ---
+
+  /** Places the comment under the anchor and ends its line. Moves the anchor to the token behind the
+      comment, normally its line end. */
+  void handleComment();
+  void placeOwnLineComment(VhdlToken& comment, bool fresh);
+  void placeTrailingComment(VhdlToken& comment);
+
+  // --- Cursor (cursor.cpp): how every handler reads. The anchor is left on the token returned ---
+
+  /** Goes on to the next token that a handler has to see, lays out blanks, line ends and comments on
+      the way, and gives the token its indent, its spacing and its gravity. Null at the end. */
+  VhdlToken* getNextToken();
+  /** The code of getNextToken; T_EOF at the end. */
+  int getNextTokenTyp();
+  void passNewline();
+  void passComment(VhdlToken& comment);
+
+  // --- Dispatch (dispatch.cpp): the pass, and what a handler reads by. Handlers take the anchor on
+  // --- their token and leave it on the last token that they consumed.
+
+  void Format();
+  void Default();
+  void Identifier();
+  void ParameterList();
+  void SemiColon();
+  void Bracket();
+  void PassOver() {}
+  void waitForSemiColon();
+  /** Reads on to the closing parenthesis of that level. */
+  void waitForParenClose(int level);
+  /** Reads on to one of the two codes. False if the input ended first. */
+  bool waitFor(int typ, int orTyp);
+  /** T_COLON if the anchor belongs to a declaration or stands behind a label, else -1. */
+  int determineContext();
+
+  // --- Design units and structures (units.cpp) ---
+
+  struct UnitHead;
+  void openUnit(const UnitHead& head);
+  bool isInstantiated() { return prevIs(T_COLON) == 1 || prevIs(T_USE) == 1; }
+  void Entity();
+  void Architecture();
+  void Package();
+  void Configuration();
+  void Component();
+  void Library();
+  void Use();
+  void nameClause(int continuation);
+  void Block();
+  void Process();
+  void Begin();
+  void End();
+
+  // --- Declarations (declarations.cpp) ---
+
+  void Constant() { objectDeclaration(); }
+  void Variable() { objectDeclaration(); }
+  void Signal() { objectDeclaration(); }
+  void File() { objectDeclaration(); }
+  void Alias() { objectDeclaration(); }
+  void objectDeclaration();
+  void Attribute();
+  void Group();
+  void Type();
+  void Array();
+  void Record();
+  void Unit();
+  void UnitList();
+  void Function();
+  void Procedure() { Function(); }
+  void Pure();
+  void Impure() { Pure(); }
+  void literalBlock();
+  void parameterBlock();
+  void alignConstantSignalFile();
+
+  // --- Lists (lists.cpp) ---
+
+  void Port();
+  void PortMap();
+  /** The anchor on or just behind the opening token; left on the closing one. */
+  void InterfaceList();
+  void AssociationList(int level);
+  void WrappedList(int level, int separator, int stop);
+  /** Blanks before the anchor that bring it to the width behind the indent; at least 1. */
+  void alignAt(int width);
+  /** The number of entries up to the stop on that level, 0 if it never comes. The anchor stays. */
+  int CountListEntries(int level, int separator, int stop);
+  /** The measures look ahead from the anchor, which stays; T_EOF if the list never ends. */
+  int LongestInterfaceIdentifier();
+  int LongestAssociationIdentifier(int& hasArrow);
+  /** Set the blanks behind the mode or class words of the list ahead; the latter returns the width of
+      the class column, 0 without class words. */
+  void lookForInOutLinkage();
+  int lookForSignalConstantVariable();
+
+  // --- Control statements (statements.cpp) ---
+
+  /** Indents what follows the anchor by one step, unless a label has done so. */
+  void indentUnlessLabelled();
+  void If();
+  void BetweenIfThen();
+  void Elsif();
+  void Else();
+  void Case();
+  void When();
+  void For();
+  void While();
+  void Loop();
+  void Wait();
+  void Assert();
+
+  // --- Assignments (assignments.cpp) ---
+
+  void SignalAssignment();
+  void VariableAssignment();
+  void SelectedSignalAssignment();
+  /** Width of what stands before the anchor in its statement or on its line; 0 from identLength on. */
+  int prevTargetLength();
+  /** The longest target of the run of statements that starts with the anchor's. */
+  int determineTargetLength(int typ, int orTyp);
+  /** Blanks before the anchor that bring it to the column of the run. */
+  int blanksBeforeAssignment(int typ, int orTyp);
+
+  // --- Fragments (layout/keepindent.cpp) ---
+
+  void KeepIndentation();
+
+  // --- Line breaking and comment reflow (layout/linebreak.cpp, layout/reflow.cpp) ---
+
+  void LineBreak();
+  void BreakComment();
+
+  // --- Data ---
+
+  OldList tokenList;   // VhdlToken; owns all tokens, cleared by Reset
+  OldList configList;  // QornConfigToken; texts of settings stand in it, so it outlives all formatting
+  DynString fileName;  // the path that was really opened
+  FILE* inFile = nullptr;
+  FILE* outFile = nullptr;
+
+  int indent = 0;                // columns; run state, cleared by Reset
+  int oldTabsize = 4;            // columns; tab distance of the input; setting
+  int tabSize = 4;               // columns; tab distance of the output; setting
+  int indentation = 4;           // columns; setting
+  int identLength = 20;          // characters; setting
+  int lineWidth = 80;            // count of columns; setting
+  int minimumFieldWidth = 15;    // columns
+  const char* blockCommentCharacters = "-=*";  // constant, or in configList
+  Stack<int> indentStack;        // columns; run state, cleared by Reset
+  int statementClosed = 1;       // run state, cleared by Reset
+  int keepIndentation = 0;       // option
+  int inBlockHeader = 0;         // 1 until the begin of a block; cleared by Reset
+  int inConfiguration = 0;       // 1 inside a configuration; cleared by Reset
+  int targetEndLine = 0;         // source line up to which targetLength holds; survives Reset
+  int targetLength = 0;          // columns; survives Reset
+  int commentStartColumn = 40;   // column; setting
+  int lastCommentLine = -1;      // source line of the last comment; survives Reset
+  int commentColumn = 40;        // column of the comments under way; survives Reset
+  const char* backupFileExtension = ".bak";  // constant, or in configList
+  int tabify = 0;                // setting
+  int interfaceIdentifierList = C_WRAPPED;  // setting
+  int associationList = C_WRAPPED;          // setting
+  int extendComments = 1;        // setting
+  int frameBlockComments = 0;    // setting
+  int keepBackupFile = 1;        // setting
+  int style = C_A;               // setting; all codes but C_A act as C_B
+  DynString tabifyBuffer;        // result of Tabify and TabifyWhitespace
+  int includeOption = 0;         // option; without effect
+
+  LineRuler ruler;  // the output line under way; forgotten by Reset
+};
+
+#endif

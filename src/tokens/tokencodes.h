@@ -1,0 +1,68 @@
+// The two closed vocabularies: token codes (T_) and configuration codes (C_), with the questions that
+// several stages ask about a code. All stages decide by codes alone, never by a token's letters.
+#ifndef QORN_TOKENS_TOKENCODES_H
+#define QORN_TOKENS_TOKENCODES_H
+
+#include <array>
+#include <string_view>
+
+enum TokenCode : int {
+#define QORN_WORD(name, code, word) name = code,
+#define QORN_CODE(name, code, group) name = code,
+#include "tokens/tokencodes.def"
+};
+
+enum ConfigCode : int {
+#define QORN_CONFIGCODE(name, code) name = code,
+#define QORN_KEY(name, form)
+#define QORN_VALUE(name, form)
+#include "tokens/configcodes.def"
+};
+
+/** Which setting rules the letter case of a token. */
+enum CaseGroup : int { CASE_ASIS, CASE_KEYWORD, CASE_IDENTIFIER, CASE_ATTRIBUTE, CASE_NUMBER };
+
+constexpr int firstTokenCode = T_ABS;
+constexpr int tokenCodeCount = T_INDENT_OFF - T_ABS + 1;
+
+/** A table with one entry for each token code, free codes included; `fill` where none is set. */
+template <typename T>
+struct TokenTable {
+  std::array<T, tokenCodeCount> entries;
+
+  constexpr explicit TokenTable(T fill) : entries() { entries.fill(fill); }
+  constexpr T& operator[](int typ) { return entries[static_cast<unsigned>(typ - firstTokenCode)]; }
+  constexpr const T& operator[](int typ) const {
+    return entries[static_cast<unsigned>(typ - firstTokenCode)];
+  }
+};
+
+/** The reserved word's code, in whatever case it is written, or -1. */
+[[nodiscard]] int findReservedWord(std::string_view word);
+
+/** The case group of a token code. */
+[[nodiscard]] CaseGroup caseGroup(int typ);
+
+/** A comment that switches the layout or the output. */
+[[nodiscard]] constexpr bool isPragma(int typ) { return typ >= T_FORMAT_ON && typ <= T_INDENT_OFF; }
+
+/** Any comment, pragma comments included. */
+[[nodiscard]] constexpr bool isComment(int typ) { return typ == T_COMMENT || isPragma(typ); }
+
+/** What the eye passes over: blanks, line ends and comments. */
+[[nodiscard]] constexpr bool isSpacing(int typ) {
+  return typ == T_WHITESPACE || typ == T_NEWLINE || isComment(typ);
+}
+
+/** Tokens in whose text the lexer resolves tabs. */
+[[nodiscard]] constexpr bool expandsTabs(int typ) {
+  return typ == T_WHITESPACE || typ == T_COMMENT || typ == T_ATTRIBUTE_NAME;
+}
+
+/** The class words of an interface list or a declaration. */
+[[nodiscard]] constexpr bool isClassWord(int typ) {
+  return typ == T_SIGNAL || typ == T_CONSTANT || typ == T_VARIABLE || typ == T_FILE ||
+         typ == T_ALIAS || typ == T_GROUP;
+}
+
+#endif

@@ -1,0 +1,126 @@
+// The one record of the system: a source file is a list of these, and formatting means changing them.
+// A token never leaves its list; one that is to vanish gets an empty format text.
+#ifndef QORN_TOKENS_VHDLTOKEN_H
+#define QORN_TOKENS_VHDLTOKEN_H
+
+#include <cstdint>
+#include <string_view>
+
+#include "base/dynstring.h"
+#include "base/oldlist.h"
+#include "tokens/tokencodes.h"
+
+/** A token owns its two texts and copies what it is given. Texts that it hands out live until that
+    text changes; those of the case conversions stand in `caseBuffer`, which all tokens share, and
+    live until the next conversion of any token. */
+class VhdlToken : public OldListItem {
+ public:
+  VhdlToken() : VhdlToken(0, 0, 0, std::string_view()) {}
+  VhdlToken(int code, int line, int level, std::string_view source)
+      : typ(static_cast<std::int16_t>(code)), parenLevel(level), lineNo(line), text(source) {}
+  VhdlToken(const VhdlToken&) = default;
+  VhdlToken& operator=(const VhdlToken&) = delete;
+  ~VhdlToken() override = default;
+
+  static void* operator new(std::size_t size);
+  static void operator delete(void* token);
+
+  int getTyp() const { return typ; }
+  void setTyp(int code) { typ = static_cast<std::int16_t>(code); }
+  int getLineNo() const { return lineNo; }
+  void setLineNo(int line) { lineNo = line; }
+  int getParenLevel() const { return parenLevel; }
+  void setParenLevel(int level) { parenLevel = level; }
+  int getIndent() const { return indent; }
+  void setIndent(int amount) { indent = amount; }
+  int getGravity() const { return gravity; }
+  void setGravity(int priority) { gravity = static_cast<std::int8_t>(priority); }
+  int getColumn() const { return column; }
+  void setColumn(int place) { column = place; }
+
+  // --- Texts ---
+
+  /** Replaces the source text; the format text stays. */
+  void setText(std::string_view source) { text.set(source); }
+  /** Sets what is printed instead of the source text, the empty text included. */
+  void setFormatText(std::string_view replacement);
+  void setFormatText(DynString&& replacement);
+  /** As setFormatText with that many blanks; with the empty text for 0 or less. */
+  void setFormatBlanks(int count);
+  /** As setFormatText, unless a format text was set before. */
+  void setTextIfUnformatted(std::string_view replacement);
+  const char* getFormatText() const { return formatText.get(); }
+  bool isFormatted() const { return hasFormatText == 1; }
+  /** With 1 the effective text: the format text once one was set, else the source text. With 0 the
+      source text. */
+  const char* getText(int formatted) const { return chosen(formatted).get(); }
+  std::string_view viewText(int formatted) const { return chosen(formatted).view(); }
+  /** Length of getText in bytes. */
+  int textLength(int formatted) const { return chosen(formatted).length(); }
+  /** Takes the space characters out of the effective text. */
+  void deleteSpaces();
+
+  // --- Letter case ---
+
+  /** The text that is printed, where `formatting` and `layout` are the output's two switches. */
+  std::string_view getCaseText(int formatting, int layout) const;
+  /** getText(formatted) in a case style; a code that is no style leaves it as it is. */
+  std::string_view getUpperLowerText(int formatted, int style) const;
+
+  static std::string_view AsIs(std::string_view source) { return source; }
+  static std::string_view LowerCase(std::string_view source);
+  static std::string_view UpperCase(std::string_view source);
+  static std::string_view Capitalized(std::string_view source);
+  static std::string_view CapitalizedAfterUnderscore(std::string_view source);
+
+  static void setAttributeCase(int style) { attributecase = style; }
+  static void setHexCase(int style) { hexcase = style; }
+  static void setIdentCase(int style) { identcase = style; }
+  static void setKeywordCase(int style) { keywordcase = style; }
+  static int getAttributeCase() { return attributecase; }
+  static int getHexCase() { return hexcase; }
+  static int getIdentCase() { return identcase; }
+  static int getKeywordCase() { return keywordcase; }
+
+  // --- Wrapping ---
+
+  /** Priority of a line break behind this token, if what follows would then stand at column
+      `target`. 0: no place to break; below 0: nor is the token before it. */
+  int getWrapGravity(int target) const;
+
+  // --- Comments (layout/commenttext.cpp): nothing happens to other tokens. The token's indent counts
+  // --- as the comment's column; `width` is the count of columns of a line; `chars` are the characters
+  // --- that frame a block comment when the last two of a comment are the same.
+
+  /** Draws a comment that ends in a pair of frame characters out to the last column, or tidies the
+      pair away; `frame` is 1 where the pair is to stand at the margin behind blanks too. */
+  void alignComment(int width, std::string_view chars, int frame);
+  /** Cuts an over-long comment at a blank. Returns the text for the next line, in `caseBuffer`, from
+      where the caller may move it; null when the comment stays whole. */
+  [[nodiscard]] DynString* stripComment(int width, std::string_view chars);
+  /** Takes filler in front of the closing `pair` off a comment that is wider than the line. */
+  void trimmComment(int width, std::string_view pair, std::string_view chars);
+
+ private:
+  const DynString& chosen(int formatted) const {
+    return formatted != 0 && hasFormatText == 1 ? formatText : text;
+  }
+
+  static int attributecase;
+  static int hexcase;
+  static int identcase;
+  static int keywordcase;
+  static DynString& caseBuffer;
+
+  std::int16_t typ;
+  std::int8_t gravity = 1;         // wrap priority; written by VhdlScanner::getNextToken
+  std::uint8_t hasFormatText = 0;  // 1 once a format text was set
+  int parenLevel;                  // depth of parentheses; 1 between the outermost pair
+  int indent = 0;                  // columns, if the token comes first on its line
+  int column = 0;                  // columns; written by the line layout
+  int lineNo;                      // source line; 0 if the formatter inserted the token
+  DynString text;                  // from the source, tabs expanded
+  DynString formatText;
+};
+
+#endif

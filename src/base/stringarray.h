@@ -1,0 +1,28 @@
+// A growable array of texts with a walk, closed by a null entry.
+#ifndef QORN_BASE_STRINGARRAY_H
+#define QORN_BASE_STRINGARRAY_H
+
+class StringArray {
+ public:
+  StringArray();
+  StringArray(const StringArray&) = delete;
+  StringArray& operator=(const StringArray&) = delete;
+  virtual ~StringArray();
+
+  /** Appends a copy. */
+  void addString(const char* text);
+  /** The first text, or null. Starts the walk. */
+  const char* getFirstString();
+  /** The next text, or null behind the last. */
+  const char* getNextString();
+
+ private:
+  static constexpr int capacityStep = 4;
+
+  int count = 0;                // texts
+  int capacity = capacityStep;  // entries allocated, the closing null included
+  int current = 0;              // index of the walk
+  char** strings;
+};
+
+#endif

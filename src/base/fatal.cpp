@@ -4,11 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-namespace {
-
-constexpr int fatalStatus = 2;
-
-}  // namespace
+#include "base/exitstatus.h"
 
 void fatalError(const char* message, const char* reason) {
   std::fputs("Error! qorn: ", stderr);  // unbuffered, as every standard error stream
@@ -18,7 +14,7 @@ void fatalError(const char* message, const char* reason) {
     std::fputs(reason, stderr);
   }
   std::fputs("\n", stderr);
-  std::exit(fatalStatus);
+  std::exit(STATUS_FATAL);
 }
 
 void outOfMemory() { fatalError("not enough memory"); }

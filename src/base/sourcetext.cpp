@@ -1,0 +1,45 @@
+// Reading a stream whole. A file is read into a block of its size, all else into one that doubles.
+#include "base/sourcetext.h"
+
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+
+#include "base/fatal.h"
+
+namespace {
+
+constexpr std::size_t smallestBlock = 65536;
+
+/** What the stream will hold as far as its file tells, and one byte more to meet the end. */
+std::size_t expectedSize(FILE* stream) {
+  struct stat status {};
+  const bool isFile = fstat(fileno(stream), &status) == 0 && S_ISREG(status.st_mode);
+  return isFile ? static_cast<std::size_t>(status.st_size) + 1 : 0;
+}
+
+}  // namespace
+
+SourceText::SourceText(FILE* stream, const char* name) {
+  reserve(std::max(expectedSize(stream), smallestBlock));
+  for (;;) {
+    size += std::fread(text + size, 1, capacity - size, stream);
+    if (std::ferror(stream) != 0) fatalError(name, std::strerror(errno));
+    if (std::feof(stream) != 0) break;
+    if (size == capacity) reserve(2 * capacity);
+  }
+  text[size] = '\n';
+  std::memset(text + size + 1, '\0', padding);
+}
+
+SourceText::~SourceText() { std::free(text); }
+
+void SourceText::reserve(std::size_t wanted) {
+  void* wider = std::realloc(text, wanted + 1 + padding);  // grows a large block without a copy
+  if (wider == nullptr) outOfMemory();
+  text = static_cast<char*>(wider);
+  capacity = wanted;
+}

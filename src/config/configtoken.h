@@ -1,0 +1,51 @@
+// One key of a configuration text with the first value that followed it.
+#ifndef QORN_CONFIG_CONFIGTOKEN_H
+#define QORN_CONFIG_CONFIGTOKEN_H
+
+#include <string_view>
+
+#include "base/dynstring.h"
+#include "base/oldlist.h"
+
+/** The first value of any kind wins; later ones are dropped. A value of the wrong kind counts as 0
+   or as the empty text where it is asked for. */
+class QornConfigToken : public OldListItem {
+ public:
+  QornConfigToken() = default;
+  ~QornConfigToken() override = default;
+
+  void setTyp(int code) { typ = code; }
+  int getTyp() const { return typ; }
+  int getValue() const { return value; }
+  int getInteger() const { return integer; }
+  const char* getPath() const { return path.get(); }
+
+  // --- Values ---
+
+  void setValue(int word);
+  /** The number at the start of the text; one too large for an integer is held at the largest. */
+  void setInteger(const char* text);
+  void setPath(std::string_view text);
+
+  // --- Transfer to a setting, which stays as it is if the key has no value ---
+
+  void setCaseType(int* target) const;
+  void setListFormat(int* target) const;
+  void setIntegerVariable(int* target) const;
+  /** 1 for C_TRUE, 0 for all else. */
+  void setTrueFalse(int* target) const;
+  /** The target shares this token's text. */
+  void setString(const char** target) const;
+
+ private:
+  /** True once: for the first value. */
+  bool takesValue();
+
+  int typ = 0;       // key
+  int value = 0;     // code of a value word
+  int integer = 0;   // number
+  DynString path;    // quoted text
+  int hasValue = 0;  // 1 from the first value on
+};
+
+#endif

@@ -13,6 +13,8 @@
 #include "tokens/tokencodes.h"
 #include "tokens/vhdltoken.h"
 
+class QornConfigToken;
+
 /** One object of this class formats all files of a run. It holds the token list of the file in hand,
     every setting, and the state of the passes over that list.
 
@@ -64,10 +66,12 @@ class VhdlScanner {
 
   // --- Configuration (config/settings.cpp) ---
 
-  /** Reads the stream's keys and values to the end of configList and closes it. */
-  void scanConfigFile(FILE* stream, const char* path);
+  struct Setting;
+  /** Reads the file's keys and values to the end of configList. 0, or -1 if it can't be opened. */
+  int scanConfigFile(const char* path);
   /** Writes the values of configList into the settings, the first key first. */
   void setConfigVariables();
+  void applySetting(const Setting& setting, const QornConfigToken& key);
 
   // --- Output (layout/output.cpp) ---
 

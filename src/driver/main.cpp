@@ -1,0 +1,104 @@
+// The program: options first, then configuration, then the inputs one by one through the one
+// scanner. Standard output carries formatted text alone; everything that is said goes to standard
+// error.
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <new>
+
+#include "base/exitstatus.h"
+#include "base/fatal.h"
+#include "base/number.h"
+#include "driver/argscan.h"
+#include "scanner/vhdlscanner.h"
+
+namespace {
+
+constexpr const char* usageText =
+    "USAGE: qorn [-hvik] [-t <count>] [-c <configfile>] [<file> ...]\n"
+    "\n"
+    "             -h ................ print this message\n"
+    "             -v ................ print version and exit\n"
+    "             -k ................ keep indentation (to format parts of code)\n"
+    "             -t <count> ........ set input tabsize\n"
+    "             -c <configfile> ... use <configfile> instead of $QORNRC\n"
+    "                                 or ~/.qornrc\n"
+    "             <file> ...  ....... files to format\n"
+    "\n";
+
+void usage(FILE* stream) { std::fputs(usageText, stream); }
+
+void version(FILE* stream) { std::fputs("qorn version: 2.5\n", stream); }
+
+void useHelp() { std::fputs("use qorn -h for help\n", stderr); }
+
+extern "C" void interrupted(int) { std::exit(STATUS_INTERRUPTED); }
+
+/** -1 if -t is given without a number above 0, which is then told. */
+int checkTabsize(const char* value) {
+  if (value[0] == '\0' || integerAt(value) > 0) return 0;
+  std::fprintf(stderr, "Error! option -t needs a number above 0: %s\n", value);
+  useHelp();
+  return -1;
+}
+
+/** Reads the configuration and hands the options on, which win over it. -1 if a named configuration
+    file can't be opened. */
+int configure(ArgScan& options, VhdlScanner& scanner) {
+  const char* configFile = options.getSwitch('c');
+  const bool isNamed = configFile[0] != '\0';
+  if (scanner.ReadConfigFile(isNamed ? configFile : nullptr) != 0 && isNamed) return -1;
+  const char* tabsize = options.getSwitch('t');
+  if (tabsize[0] != '\0') scanner.setOldTabsize(integerAt(tabsize));
+  if (options.getFlag('i') == 1) scanner.setIncludeOption();
+  if (options.getFlag('k') == 1) scanner.setKeepIndentation();
+  return 0;
+}
+
+ExitStatus formatStandardInput(VhdlScanner& scanner) {
+  if (scanner.setInputFile(nullptr) != 0 || scanner.format() != 0) return STATUS_FAILED;
+  scanner.Print(stdout);
+  return STATUS_OK;
+}
+
+/** The files named, up to the first that can't be opened; those before it stay rewritten. */
+ExitStatus formatFiles(ArgScan& options, VhdlScanner& scanner) {
+  const char* file = options.getFirstArgument();
+  for (; file != nullptr; file = options.getNextArgument()) {
+    if (scanner.setInputFile(file) != 0 || scanner.format() != 0) return STATUS_FAILED;
+    scanner.Print(nullptr);
+    scanner.Reset();
+  }
+  return STATUS_OK;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  std::set_new_handler(outOfMemory);
+  VhdlScanner scanner;
+  std::signal(SIGINT, interrupted);
+  std::signal(SIGTERM, interrupted);
+  ArgScan options;
+  options.setOptionalFlags("hvik");
+  options.setOptionalSwitch('c', "");
+  options.setOptionalSwitch('t', "");
+  if (options.scan(argc, argv) != 0) {
+    std::fprintf(stderr, "%s", options.getErrors());
+    useHelp();
+    return STATUS_FAILED;
+  }
+  if (options.getFlag('h') == 1) {
+    usage(stderr);
+    return STATUS_OK;
+  }
+  if (options.getFlag('v') == 1) {
+    version(stderr);
+    return STATUS_OK;
+  }
+  if (checkTabsize(options.getSwitch('t')) != 0 || configure(options, scanner) != 0) {
+    return STATUS_FAILED;
+  }
+  if (options.getFirstArgument() == nullptr) return formatStandardInput(scanner);
+  return formatFiles(options, scanner);
+}

@@ -27,9 +27,8 @@ constexpr bool wordsAscend(const Word (&words)[Count]) {
 }
 static_assert(wordsAscend(keywords));
 
-constexpr std::size_t longestWord = std::ranges::max(keywords, {}, [](const Word& word) {
-                                      return word.text.size();
-                                    }).text.size();
+constexpr std::size_t longestWord =
+    std::ranges::max(keywords, {}, [](const Word& word) { return word.text.size(); }).text.size();
 
 constexpr char lowered(char letter) {
   return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + ('a' - 'A')) : letter;

@@ -1,5 +1,6 @@
-// The two closed vocabularies: token codes (T_) and configuration codes (C_), with the questions that
-// several stages ask about a code. All stages decide by codes alone, never by a token's letters.
+// The two closed vocabularies: token codes (T_) and configuration codes (C_), with the questions
+// that several stages ask about a code. All stages decide by codes alone, never by a token's
+// letters.
 #ifndef QORN_TOKENS_TOKENCODES_H
 #define QORN_TOKENS_TOKENCODES_H
 

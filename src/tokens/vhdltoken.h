@@ -1,5 +1,5 @@
-// The one record of the system: a source file is a list of these, and formatting means changing them.
-// A token never leaves its list; one that is to vanish gets an empty format text.
+// The one record of the system: a source file is a list of these, and formatting means changing
+// them. A token never leaves its list; one that is to vanish gets an empty format text.
 #ifndef QORN_TOKENS_VHDLTOKEN_H
 #define QORN_TOKENS_VHDLTOKEN_H
 
@@ -88,18 +88,20 @@ class VhdlToken : public OldListItem {
       `target`. 0: no place to break; below 0: nor is the token before it. */
   int getWrapGravity(int target) const;
 
-  // --- Comments (layout/commenttext.cpp): nothing happens to other tokens. The token's indent counts
-  // --- as the comment's column; `width` is the count of columns of a line; `chars` are the characters
+  // --- Comments (layout/commenttext.cpp): nothing happens to other tokens. The token's indent
+  // counts
+  // --- as the comment's column; `width` is the count of columns of a line; `chars` are the
+  // characters
   // --- that frame a block comment when the last two of a comment are the same.
 
   /** Draws a comment that ends in a pair of frame characters out to the last column, or tidies the
       pair away; `frame` is 1 where the pair is to stand at the margin behind blanks too. */
   void alignComment(int width, std::string_view chars, int frame);
-  /** Cuts an over-long comment at a blank. Returns the text for the next line, in `caseBuffer`, from
-      where the caller may move it; null when the comment stays whole. */
+  /** Cuts an over-long comment at a blank. Returns the text for the next line, in `caseBuffer`,
+     from where the caller may move it; null when the comment stays whole. */
   [[nodiscard]] DynString* stripComment(int width, std::string_view chars);
   /** Takes filler in front of the closing `pair` off a comment that is wider than the line. */
-  void trimmComment(int width, std::string_view pair, std::string_view chars);
+  void trimmComment(int width, std::string_view pair);
 
  private:
   const DynString& chosen(int formatted) const {

@@ -1,0 +1,177 @@
+// The rules. Each scans a stretch of text once; where a rule fails, what it scanned holds no second
+// start of the same rule that would fail again on the same stretch.
+#include "tokens/lexrules.h"
+
+#include <algorithm>
+#include <cstring>
+#include <string_view>
+
+#include "tokens/tokencodes.h"
+
+namespace {
+
+constexpr char upper(char letter) {
+  return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - ('a' - 'A')) : letter;
+}
+
+constexpr std::string_view attributeNames[] = {
+    "ACTIVE",        "ASCENDING",  "BASE",        "BEHAVIOR", "DELAYED",       "DRIVING",
+    "DRIVING_VALUE", "EVENT",      "HIGH",        "IMAGE",    "INSTANCE_NAME", "LAST_ACTIVE",
+    "LAST_EVENT",    "LAST_VALUE", "LEFT",        "LEFTOF",   "LENGTH",        "LOW",
+    "PATH_NAME",     "POS",        "PRED",        "QUIET",    "RANGE",         "REVERSE_RANGE",
+    "RIGHT",         "RIGHTOF",    "SIMPLE_NAME", "STABLE",   "STRUCTURE",     "SUCC",
+    "TRANSACTION",   "VAL",        "VALUE"};
+static_assert(std::ranges::is_sorted(attributeNames));
+constexpr std::size_t shortestAttribute = 3;
+constexpr std::size_t longestAttribute = 13;
+
+struct Pragma {
+  std::string_view word;
+  int typ;
+};
+
+constexpr Pragma pragmas[] = {
+    {"--QORN-ON", T_FORMAT_ON},
+    {"--QORN-OFF", T_FORMAT_OFF},
+    {"--QORN-INDENT-ON", T_INDENT_ON},
+    {"--QORN-INDENT-OFF", T_INDENT_OFF},
+};
+
+/** A digit of the class, then further ones, each with at most one `_` before it. */
+std::size_t matchDigits(const char* at, int digits) {
+  if (!hasClass(*at, digits)) return 0;
+  const char* here = at + 1;
+  for (;;) {
+    while (hasClass(*here, digits)) ++here;
+    if (*here != '_' || !hasClass(here[1], digits)) break;
+    ++here;
+  }
+  return static_cast<std::size_t>(here - at);
+}
+
+/** E, a sign if one stands there, and an integer. */
+std::size_t matchExponent(const char* at, bool mayBeNegative) {
+  if (upper(*at) != 'E') return 0;
+  const bool hasSign = at[1] == '+' || (at[1] == '-' && mayBeNegative);
+  const std::size_t front = hasSign ? 2 : 1;
+  const std::size_t digits = matchDigits(at + front, DIGIT);
+  return digits == 0 ? 0 : front + digits;
+}
+
+/** A point and digits. */
+std::size_t matchFraction(const char* at, int digits) {
+  if (*at != '.') return 0;
+  const std::size_t fraction = matchDigits(at + 1, digits);
+  return fraction == 0 ? 0 : 1 + fraction;
+}
+
+int digitsOfBase(char prefix) {
+  switch (upper(prefix)) {
+    case 'X': return HEX;
+    case 'O': return OCTAL;
+    case 'B': return BINARY;
+    default: return 0;
+  }
+}
+
+}  // namespace
+
+std::size_t matchExtendedIdentifier(const char* at, const char* end) {
+  const char* first = at + 1;
+  const void* close = std::memchr(first, '\\', static_cast<std::size_t>(end - first));
+  if (close == nullptr || close == first) return 0;
+  return static_cast<std::size_t>(static_cast<const char*>(close) - at) + 1;
+}
+
+std::size_t matchIdentifier(const char* at) {
+  return hasClass(*at, LETTER) ? matchDigits(at, LETTER | DIGIT) : 0;
+}
+
+std::size_t matchBlanks(const char* at) {
+  const char* here = at;
+  while (hasClass(*here, BLANK)) ++here;
+  return static_cast<std::size_t>(here - at);
+}
+
+std::size_t matchDecimal(const char* at) {
+  const std::size_t integer = matchDigits(at, DIGIT);
+  if (integer == 0) return 0;
+  const std::size_t fraction = matchFraction(at + integer, DIGIT);
+  const std::size_t mantissa = integer + fraction;
+  return mantissa + matchExponent(at + mantissa, /*mayBeNegative*/ fraction > 0);
+}
+
+std::size_t matchBased(const char* at) {
+  std::size_t length = matchDigits(at, DIGIT);
+  if (length == 0) return 0;
+  const char mark = at[length];
+  if (mark != '#' && mark != ':') return 0;
+  ++length;
+  const std::size_t digits = matchDigits(at + length, HEX);
+  if (digits == 0) return 0;
+  length += digits;
+  length += matchFraction(at + length, HEX);
+  if (at[length] != mark) return 0;
+  ++length;
+  return length + matchExponent(at + length, /*mayBeNegative*/ true);
+}
+
+std::size_t matchString(const char* at) {
+  const char quote = *at;
+  std::size_t complete = 0;
+  const char* here = at + 1;
+  for (;;) {
+    while (*here != quote && *here != '\n') ++here;
+    if (*here == '\n') return complete;
+    complete = static_cast<std::size_t>(here - at) + 1;
+    if (here[1] != quote) return complete;
+    here += 2;
+  }
+}
+
+std::size_t matchBitString(const char* at) {
+  const int digits = digitsOfBase(*at);
+  const char quote = at[1];
+  if (digits == 0 || (quote != '"' && quote != '%')) return 0;
+  const std::size_t count = matchDigits(at + 2, digits);
+  if (count == 0 || at[2 + count] != quote) return 0;
+  return count + 3;
+}
+
+std::size_t matchAttribute(const char* at) {
+  const char* name = at + 1;
+  while (hasClass(*name, BLANK) || *name == '\n') ++name;
+  std::array<char, longestAttribute> letters;
+  std::size_t length = 0;
+  while (length < longestAttribute && (hasClass(name[length], LETTER) || name[length] == '_')) {
+    letters[length] = upper(name[length]);
+    ++length;
+  }
+  for (; length >= shortestAttribute; --length) {
+    if (std::ranges::binary_search(attributeNames, std::string_view(letters.data(), length))) {
+      return static_cast<std::size_t>(name - at) + length;
+    }
+  }
+  return 0;
+}
+
+bool isCharacterLiteral(const char* at) { return at[1] != '\n' && at[2] == '\''; }
+
+bool isTickBeforeLiteral(const char* at) {
+  return at[1] == '(' && at[2] == '\'' && isCharacterLiteral(at + 2);
+}
+
+std::size_t matchComment(const char* at) {
+  const char* here = at;
+  while (*here != '\n' && *here != '\r') ++here;
+  return static_cast<std::size_t>(here - at);
+}
+
+int commentTyp(const char* at) {
+  for (const Pragma& pragma : pragmas) {
+    std::size_t same = 0;
+    while (same < pragma.word.size() && upper(at[same]) == pragma.word[same]) ++same;
+    if (same == pragma.word.size()) return pragma.typ;
+  }
+  return T_COMMENT;
+}

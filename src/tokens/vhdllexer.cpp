@@ -1,0 +1,204 @@
+// Reading a source and cutting it into tokens: at each place the longest match of the rules, of
+// equal ones the more special. A NUL byte ends the stored text of its token.
+#include "tokens/vhdllexer.h"
+
+#include <sys/stat.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+
+#include "base/fatal.h"
+#include "tokens/lexrules.h"
+#include "tokens/tabs.h"
+#include "tokens/tokencodes.h"
+#include "tokens/vhdltoken.h"
+
+FILE* yyin = nullptr;
+const char* yyname = "standard input";
+OldList* yytoklist = nullptr;
+
+namespace {
+
+int lexLine = 1;
+int lexParenLevel = 0;
+
+/** The whole text of a stream, closed by a line feed and zeros that don't belong to it. */
+class SourceText {
+ public:
+  SourceText() = default;
+  SourceText(const SourceText&) = delete;
+  SourceText& operator=(const SourceText&) = delete;
+  ~SourceText() { std::free(text); }
+
+  void read(FILE* stream);
+  const char* begin() const { return text; }
+  const char* end() const { return text + size; }
+  bool holdsNul() const { return std::memchr(text, '\0', size) != nullptr; }
+
+ private:
+  void reserve(std::size_t wanted);
+
+  char* text = nullptr;
+  std::size_t size = 0;
+  std::size_t capacity = 0;  // without the closing characters
+};
+
+void SourceText::reserve(std::size_t wanted) {
+  void* wider = std::realloc(text, wanted + 1 + textPadding);  // grows a large block without a copy
+  if (wider == nullptr) outOfMemory();
+  text = static_cast<char*>(wider);
+  capacity = wanted;
+}
+
+void SourceText::read(FILE* stream) {
+  struct stat status {};
+  const bool isFile = fstat(fileno(stream), &status) == 0 && S_ISREG(status.st_mode);
+  reserve(std::max<std::size_t>(isFile ? static_cast<std::size_t>(status.st_size) + 1 : 0, 65536));
+  for (;;) {
+    const std::size_t count = std::fread(text + size, 1, capacity - size, stream);
+    size += count;
+    if (std::ferror(stream) != 0) fatalError(yyname, std::strerror(errno));
+    if (std::feof(stream) != 0) break;
+    if (size == capacity) reserve(2 * capacity);
+  }
+  text[size] = '\n';
+  std::memset(text + size + 1, '\0', textPadding);
+}
+
+/** A character that is a token of its own, or with one of two others behind it. */
+struct Punctuation {
+  int alone;
+  struct {
+    char second;
+    int typ;
+  } compounds[2];
+};
+
+constexpr auto punctuations = [] {
+  std::array<Punctuation, 256> table{};
+  for (auto& entry : table) entry = {T_UNKNOWN, {{'\0', 0}, {'\0', 0}}};
+  for (const char delimiter : {'&', '\'', '+', '-', '|'}) {
+    table[static_cast<unsigned>(delimiter)].alone = T_DELIMITER;
+  }
+  // clang-format off
+  table[':'] = {T_COLON,     {{'=', T_VARASSIGN}}};
+  table['='] = {T_EQUAL,     {{'>', T_ARROW}}};
+  table['<'] = {T_DELIMITER, {{'=', T_SIGASSIGN}, {'>', T_BOX}}};
+  table['>'] = {T_DELIMITER, {{'=', T_GREATEREQ}}};
+  table['/'] = {T_DELIMITER, {{'=', T_NOTEQUAL}}};
+  table['*'] = {T_DELIMITER, {{'*', T_POWER}}};
+  table[';'] = {T_SEMICOLON, {}};
+  table[','] = {T_COMMA,     {}};
+  table['.'] = {T_DOT,       {}};
+  table['('] = {T_LPAREN,    {}};
+  table[')'] = {T_RPAREN,    {}};
+  table['['] = {T_LBRACKET,  {}};
+  table[']'] = {T_RBRACKET,  {}};
+  table['!'] = {T_BAR,       {}};
+  // clang-format on
+  return table;
+}();
+
+struct Match {
+  int typ;
+  std::size_t length;
+};
+
+Match matchWord(const char* at) {
+  const std::size_t bits = matchBitString(at);
+  if (bits > 0) return {T_BITSTRING, bits};
+  const std::size_t length = matchIdentifier(at);
+  const int word = findReservedWord({at, length});
+  return {word == -1 ? static_cast<int>(T_IDENTIFIER) : word, length};
+}
+
+Match matchNumber(const char* at) {
+  const std::size_t based = matchBased(at);
+  if (based > 0) return {T_BASED, based};
+  return {T_DECIMAL, matchDecimal(at)};
+}
+
+Match matchTick(const char* at) {
+  if (isTickBeforeLiteral(at)) return {T_TICK, 1};
+  if (isCharacterLiteral(at)) return {T_CHARACTER, 3};
+  const std::size_t attribute = matchAttribute(at);
+  if (attribute > 0) return {T_ATTRIBUTE_NAME, attribute};
+  return {T_DELIMITER, 1};
+}
+
+Match matchPunctuation(const char* at) {
+  const Punctuation& entry = punctuations[static_cast<unsigned char>(*at)];
+  for (const auto& compound : entry.compounds) {
+    if (compound.second != '\0' && compound.second == at[1]) return {compound.typ, 2};
+  }
+  return {entry.alone, 1};
+}
+
+/** The longest match at a place before the end, a carriage return excepted. */
+Match matchToken(const char* at, const char* end) {
+  if (hasClass(*at, LETTER)) return matchWord(at);
+  if (hasClass(*at, BLANK)) return {T_WHITESPACE, matchBlanks(at)};
+  if (hasClass(*at, DIGIT)) return matchNumber(at);
+  std::size_t length = 0;
+  switch (*at) {
+    case '\n': return {T_NEWLINE, 1};
+    case '\'': return matchTick(at);
+    case '-':
+      if (at[1] == '-') return {commentTyp(at), matchComment(at)};
+      break;
+    case '"':
+    case '%':
+      length = matchString(at);
+      if (length > 0) return {T_STRING, length};
+      break;
+    case '\\':
+      length = matchExtendedIdentifier(at, end);
+      if (length > 0) return {T_IDENTIFIER, length};
+      break;
+    default: break;
+  }
+  return matchPunctuation(at);
+}
+
+/** Appends a token and keeps count of lines and levels. */
+void takeToken(std::string_view text, int typ) {
+  if (typ == T_LPAREN) ++lexParenLevel;
+  addToken(typ == T_BAR ? "|" : text, typ);
+  if (typ == T_RPAREN) --lexParenLevel;
+  if (typ == T_NEWLINE) ++lexLine;
+}
+
+}  // namespace
+
+void addToken(std::string_view text, int typ) {
+  if (expandsTabs(typ)) {
+    auto* token = new VhdlToken(typ, lexLine, lexParenLevel, ReplaceTabs(text));
+    if (typ == T_ATTRIBUTE_NAME) token->deleteSpaces();
+    yytoklist->addItemLast(token);
+    return;
+  }
+  lexColumn = typ == T_NEWLINE ? 0 : lexColumn + static_cast<long>(text.size());
+  yytoklist->addItemLast(new VhdlToken(typ, lexLine, lexParenLevel, text));
+}
+
+int yylex() {
+  SourceText source;
+  source.read(yyin);
+  const bool holdsNul = source.holdsNul();
+  const char* at = source.begin();
+  while (at < source.end()) {
+    if (*at == '\r') {
+      ++at;
+      continue;
+    }
+    const Match match = matchToken(at, source.end());
+    std::string_view text(at, match.length);
+    if (holdsNul) text = text.substr(0, text.find('\0'));
+    takeToken(text, match.typ);
+    at += match.length;
+  }
+  addToken("", T_EOF);
+  return 0;
+}

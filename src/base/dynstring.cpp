@@ -99,7 +99,8 @@ void DynString::catl(long number) {
 
 void DynString::catRepeated(int count, char character) {
   if (count <= 0) return;
-  std::memset(makeRoom(static_cast<std::size_t>(count)), character, static_cast<std::size_t>(count));
+  std::memset(makeRoom(static_cast<std::size_t>(count)), character,
+              static_cast<std::size_t>(count));
 }
 
 char* DynString::rewrite(int newLength) {

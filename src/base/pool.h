@@ -1,6 +1,6 @@
-// Storage for the records of a list: millions of small blocks of one size, cut from slabs without an
-// allocation each. A block that is given back is the next one taken; slabs live until the process
-// ends, so a run over many files needs the memory of its largest one.
+// Storage for the records of a list: millions of small blocks of one size, cut from slabs without
+// an allocation each. A block that is given back is the next one taken; slabs live until the
+// process ends, so a run over many files needs the memory of its largest one.
 #ifndef QORN_BASE_POOL_H
 #define QORN_BASE_POOL_H
 
@@ -52,7 +52,7 @@ class Pool {
   static constexpr std::size_t blocksPerSlab = 65536 / Size;
 
   static void addSlab() {
-    fresh = static_cast<char*>(::operator new(blocksPerSlab * Size));
+    fresh = static_cast<char*>(::operator new(blocksPerSlab* Size));
     freshEnd = fresh + blocksPerSlab * Size;
   }
 

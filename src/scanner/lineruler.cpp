@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cassert>
 
+#include "base/columns.h"
+
 namespace {
 
 const VhdlToken& tokenOf(const OldListRefItem* node) {
@@ -22,7 +24,7 @@ OldListRefItem* skipBlanks(OldListRefItem* node) {
   OldListRefItem* start = place;
   for (OldListRefItem* node = place->getPrev(); node != nullptr; node = node->getPrev()) {
     if (beginsWithLineEnd(tokenOf(node), 1)) break;
-    column += countColumns(tokenOf(node), 1, tabWidth);
+    column = addColumns(column, countColumns(tokenOf(node), 1, tabWidth));
     start = node;
   }
   return {skipBlanks(start), column};
@@ -39,14 +41,14 @@ int countColumns(const VhdlToken& token, int formatted, int tabWidth) {
   const int length = static_cast<int>(text.size());
   if (token.getTyp() == T_WHITESPACE || token.getTyp() == T_COMMENT) return length;
   const int tabs = static_cast<int>(std::ranges::count(text, '\t'));
-  return tabs == 0 ? length : length + tabs * (tabWidth - 1);
+  return addColumns(length, timesColumns(tabs, tabWidth - 1));
 }
 
 LineRuler::Reading LineRuler::read(OldListRefItem* place, int tabWidth) {
   int column = 0;
-  int behindMark = 0;                // columns between the new mark and the place
-  OldListRefItem* newMark = nullptr; // the nearest token before the place that can be one
-  OldListRefItem* earliest = place;  // the token furthest back that is no blank
+  int behindMark = 0;                 // columns between the new mark and the place
+  OldListRefItem* newMark = nullptr;  // the nearest token before the place that can be one
+  OldListRefItem* earliest = place;   // the token furthest back that is no blank
   OldListRefItem* node = place->getPrev();
   for (; node != nullptr && node != mark; node = node->getPrev()) {
     const VhdlToken& token = tokenOf(node);
@@ -55,11 +57,11 @@ LineRuler::Reading LineRuler::read(OldListRefItem* place, int tabWidth) {
       continue;
     }
     if (beginsWithLineEnd(token, 1)) break;
-    if (newMark == nullptr && token.getTyp() != T_NEWLINE) {
+    if (newMark == nullptr && !isSpacing(token.getTyp())) {
       newMark = node;
       behindMark = column;
     }
-    column += countColumns(token, 1, tabWidth);
+    column = addColumns(column, countColumns(token, 1, tabWidth));
     earliest = node;
   }
   if (mark != nullptr && node == mark) {

@@ -1,15 +1,16 @@
 // Knows the output line that the formatting pass is on without walking back to its start.
 //
-// A statement may be a table of millions of entries that stands on one line until it is wrapped, and
-// every call, arrow and assignment in it asks for its column. The ruler remembers the line's first
-// token and how wide the line is up to some token already passed, the mark; a reading walks back to
-// the mark only, and moves the mark on.
+// A statement may be a table of millions of entries that stands on one line until it is wrapped,
+// and every call, arrow and assignment in it asks for its column. The ruler remembers the line's
+// first token and how wide the line is up to some token already passed, the mark; a reading walks
+// back to the mark only, and moves the mark on.
 //
-// Invariant, while there is a mark: it is no blank and no line end, no line end is printed between
-// `first` and the mark, and `width` counts the columns of all that stands on the line up to and
-// including the mark. It holds because the pass changes blanks and line ends behind the mark only,
-// with two exceptions that it reports: the blank in front of the line's first token (`indented`),
-// and an anchor that goes back over what was read (`forget`).
+// Invariant, while there is a mark: it is no blank, line end or comment, whose text may still
+// change; no line end is printed between `first` and the mark; and `width` counts the columns of
+// all that stands on the line up to and including the mark. It holds because the pass changes
+// blanks and line ends behind the mark only, with two exceptions that it reports: the blank in
+// front of the line's first token (`indented`), and an anchor that goes back over what was read
+// (`forget`).
 #ifndef QORN_SCANNER_LINERULER_H
 #define QORN_SCANNER_LINERULER_H
 
@@ -23,8 +24,8 @@ class LineRuler {
     int column;             // columns before the place, counted from 0
   };
 
-  /** Measures the line that `place` stands on, as far as it is laid out. The token at `place` may be
-      the line end that closes the line. A tab counts `tabWidth` columns. */
+  /** Measures the line that `place` stands on, as far as it is laid out. The token at `place` may
+     be the line end that closes the line. A tab counts `tabWidth` columns. */
   Reading read(OldListRefItem* place, int tabWidth);
 
   /** The blank before the line's first token has become wider by that many columns. */

@@ -1,0 +1,78 @@
+// The token cursor: all that happens to a token whatever its statement. Handlers never walk the
+// list by themselves, they call getNextToken.
+#include "scanner/vhdlscanner.h"
+
+namespace {
+
+constexpr int KEPT = 99;  // in the table below: not touched
+
+/** What is done to a token as it is read. */
+struct Spacing {
+  int before = KEPT;   // blanks
+  int behind = KEPT;   // blanks
+  int gravity = KEPT;  // how good a line break is behind the token; 0 never, -1 nor before it
+};
+
+constexpr auto spacings = [] {
+  TokenTable<Spacing> table(Spacing{});
+  // clang-format off
+  table[T_COLON]     = {0,    1,     6};
+  table[T_COMMA]     = {0,    1,    10};
+  table[T_DOT]       = {0,    0,    -1};
+  table[T_EQUAL]     = {1,    1,     5};
+  table[T_LPAREN]    = {KEPT, 0,     0};
+  table[T_RPAREN]    = {0,    KEPT,  4};
+  table[T_SEMICOLON] = {0,    KEPT, 10};
+  table[T_VARASSIGN] = {1,    1,    -1};
+  table[T_ARROW]     = {1,    1,     5};
+  table[T_SIGASSIGN] = {KEPT, 1,  KEPT};
+  table[T_DECIMAL]   = {KEPT, KEPT,  0};
+  table[T_BASED]     = {KEPT, KEPT,  0};
+  // clang-format on
+  return table;
+}();
+
+constexpr Spacing calledName = {KEPT, 0, 0};
+
+}  // namespace
+
+VhdlToken* VhdlScanner::getNextToken() {
+  while (VhdlToken* token = stepForward()) {
+    token->setIndent(indent);
+    const int typ = token->getTyp();
+    if (typ == T_WHITESPACE) {
+      singleSpace();
+    } else if (typ == T_NEWLINE) {
+      passNewline();
+    } else if (isComment(typ)) {
+      passComment(*token);
+    } else {
+      const bool isCalled = typ == T_IDENTIFIER && LookForward(1) == T_LPAREN;
+      const Spacing& spacing = isCalled ? calledName : spacings[typ];
+      if (spacing.before != KEPT) setPrevSpaces(spacing.before);
+      if (spacing.behind != KEPT) setNextSpaces(spacing.behind);
+      if (spacing.gravity != KEPT) token->setGravity(spacing.gravity);
+      return token;
+    }
+  }
+  return nullptr;
+}
+
+int VhdlScanner::getNextTokenTyp() {
+  const VhdlToken* token = getNextToken();
+  return token == nullptr ? static_cast<int>(T_EOF) : token->getTyp();
+}
+
+void VhdlScanner::passNewline() {
+  deleteNewline();
+  setPrevSpaces(0);
+  setNextSpaces(prevIs(T_LPAREN) == 1 ? 0 : 1);
+}
+
+void VhdlScanner::passComment(VhdlToken& comment) {
+  const int typ = comment.getTyp();
+  // The blanks before these still print as formatted, so the comment keeps its column in the input.
+  if (typ == T_FORMAT_OFF || typ == T_INDENT_OFF) comment.setIndent(getColumn(0));
+  IndentLine(0);
+  handleComment();
+}

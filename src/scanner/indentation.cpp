@@ -1,0 +1,33 @@
+// The indent in force and the stack of those to return to. An indent is counted in columns; what it
+// does to a line is decided when the line is finished, by the stamp on the line's first token.
+#include "base/columns.h"
+#include "scanner/vhdlscanner.h"
+
+void VhdlScanner::setIndent(int amount, int relative) {
+  indentStack.push(indent);
+  indent = relative == 1 ? addColumns(indent, amount) : amount;
+  StatementOpen();
+}
+
+void VhdlScanner::popIndent() {
+  indent = indentStack.pop();
+  if (indent == 0) inConfiguration = 0;
+}
+
+void VhdlScanner::setIdentifierIndent() {
+  if (statementClosed == 1) setIndent(indentation, /*relative*/ 1);
+}
+
+void VhdlScanner::setTokenIndent() {
+  VhdlToken* token = anchorToken();
+  if (token != nullptr) token->setIndent(indent);
+}
+
+void VhdlScanner::popTokenIndent() {
+  popIndent();
+  setTokenIndent();
+}
+
+void VhdlScanner::indentUnlessLabelled() {
+  if (prevIsLabel() == 0) setIndent(indentation, /*relative*/ 1);
+}

@@ -4,6 +4,8 @@
 #define QORN_SCANNER_VHDLSCANNER_H
 
 #include <cstdio>
+#include <initializer_list>
+#include <string_view>
 
 #include "base/anchorguard.h"
 #include "base/dynstring.h"
@@ -15,18 +17,18 @@
 
 class QornConfigToken;
 
-/** One object of this class formats all files of a run. It holds the token list of the file in hand,
-    every setting, and the state of the passes over that list.
+/** One object of this class formats all files of a run. It holds the token list of the file in
+   hand, every setting, and the state of the passes over that list.
 
     Its life: settings first (ReadConfigFile, the setters of the options); then for each input
     setInputFile, format, Print and Reset. There is no parser. A pass reads the token list with
     getNextToken, looks only at the words that open a construct, and calls the handler that bears
     the word's name; what no handler takes gets the default treatment, so that nothing is rejected.
 
-    The rule of the anchor: all passes share the list's one cursor. Questions and primitives leave it
-    where it was; handlers move it on to the last token that they consumed. Blanks and line ends are
-    tokens too. They change by their format text alone, new ones are inserted, and nothing leaves the
-    list before Reset. Columns are counted from 0 and in bytes, widths are counts. */
+    The rule of the anchor: all passes share the list's one cursor. Questions and primitives leave
+   it where it was; handlers move it on to the last token that they consumed. Blanks and line ends
+   are tokens too. They change by their format text alone, new ones are inserted, and nothing leaves
+   the list before Reset. Columns are counted from 0 and in bytes, widths are counts. */
 class VhdlScanner {
  public:
   VhdlScanner();
@@ -60,8 +62,8 @@ class VhdlScanner {
   void startLex();
   void closeInputFile();
   int IncludeHeaders();
-  /** The sentinel: a printed line end at the head of the list, so that every walk backward meets one.
-      It is neither measured nor written. */
+  /** The sentinel: a printed line end at the head of the list, so that every walk backward meets
+     one. It is neither measured nor written. */
   void addSentinel();
 
   // --- Configuration (config/settings.cpp) ---
@@ -75,11 +77,13 @@ class VhdlScanner {
 
   // --- Output (layout/output.cpp) ---
 
-  /** Makes the backup and opens the file for writing; null on a failure, which has then been told. */
+  /** Makes the backup and opens the file for writing; null on a failure, which has then been told.
+   */
   FILE* OpenOutfile();
-  void CloseOutfile();
-  /** The comment's or the blanks' text with blanks turned into tabs, where it starts at `start`. The
-      result is the text itself or stands in `tabifyBuffer` until the next call of either. */
+  /** Closes outFile, but for the standard output, and tells of a write or a close that failed. */
+  void CloseOutfile(int writeError);
+  /** The comment's or the blanks' text with blanks turned into tabs, where it starts at `start`.
+     The result is the text itself or stands in `tabifyBuffer` until the next call of either. */
   std::string_view Tabify(int start, std::string_view text);
   std::string_view TabifyWhitespace(int start, std::string_view text);
 
@@ -120,9 +124,10 @@ class VhdlScanner {
   void setIdentifierIndent();
   /** Stamps the indent on the anchor token, whatever it was stamped with before. */
   void setTokenIndent();
-  /** Sets the indent behind a word that goes back to the level of its head: the token takes that
-      level, what follows stands `step` further. */
-  void stepOutAndIn(int step);
+  /** popIndent, and the anchor token takes the indent: a closing word at the level of its head. */
+  void popTokenIndent();
+  /** One step in for what follows the anchor, unless the label of the statement has done so. */
+  void indentUnlessLabelled();
 
   // --- Spacing and line primitives (primitives.cpp): the only tools for blanks and line ends. They
   // --- write format texts alone. The anchor stays, but for setNextNewline.
@@ -136,24 +141,25 @@ class VhdlScanner {
   void setPrevNewline();
   void deleteNewline();
   void singleSpace();
-  /** Gives the anchor's line its blanks, after adding delta to its first token's indent for good. On
-      a line end, the line meant is the one that ends there. */
+  /** Gives the anchor's line its blanks, after adding delta to its first token's indent for good.
+     On a line end, the line meant is the one that ends there. */
   void IndentLine(int delta);
-  VhdlToken* newSpacing(int typ, int level, std::string_view format);
-  void insertNewline(int level);
+  /** A blank or line end that prints that text and stands in no list yet. */
+  static VhdlToken* newSpacing(int typ, int level, std::string_view format);
+  static void setBlanks(VhdlToken& target, int count);
 
   // --- Comments (comments.cpp) ---
 
-  /** Places the comment under the anchor and ends its line. Moves the anchor to the token behind the
-      comment, normally its line end. */
+  /** Places the comment under the anchor and ends its line. Moves the anchor to the token behind
+     the comment, normally its line end. */
   void handleComment();
   void placeOwnLineComment(VhdlToken& comment, bool fresh);
   void placeTrailingComment(VhdlToken& comment);
 
   // --- Cursor (cursor.cpp): how every handler reads. The anchor is left on the token returned ---
 
-  /** Goes on to the next token that a handler has to see, lays out blanks, line ends and comments on
-      the way, and gives the token its indent, its spacing and its gravity. Null at the end. */
+  /** Goes on to the next token that a handler has to see, lays out blanks, line ends and comments
+     on the way, and gives the token its indent, its spacing and its gravity. Null at the end. */
   VhdlToken* getNextToken();
   /** The code of getNextToken; T_EOF at the end. */
   int getNextTokenTyp();
@@ -163,6 +169,7 @@ class VhdlScanner {
   // --- Dispatch (dispatch.cpp): the pass, and what a handler reads by. Handlers take the anchor on
   // --- their token and leave it on the last token that they consumed.
 
+  struct Dispatch;
   void Format();
   void Default();
   void Identifier();
@@ -180,8 +187,13 @@ class VhdlScanner {
 
   // --- Design units and structures (units.cpp) ---
 
-  struct UnitHead;
-  void openUnit(const UnitHead& head);
+  /** Ends the line of a head or a statement: the next token starts a statement. Moves the anchor
+     onto the line end, unless a comment follows. */
+  void endHead();
+  /** Reads one token for each code, up to the first that has another. True if all matched. */
+  bool readHead(std::initializer_list<int> head);
+  /** The code of the next token, which is read and laid out but not consumed. */
+  int peekTokenTyp();
   bool isInstantiated() { return prevIs(T_COLON) == 1 || prevIs(T_USE) == 1; }
   void Entity();
   void Architecture();
@@ -215,8 +227,16 @@ class VhdlScanner {
   void Procedure() { Function(); }
   void Pure();
   void Impure() { Pure(); }
-  void literalBlock();
-  void parameterBlock();
+  /** The list behind the anchor's parenthesis, one entry a line, in a block at the level of the
+     head; the parenthesis alone on its line. One indent stays for the semicolon. */
+  void entriesInBlock();
+  void entryBlock();
+  void parametersInColumn();
+  bool hasSeveralIndexRanges();
+  void openElements();
+  void closeElements();
+  /** Reads a class and perhaps a box; the code of the token behind, which is consumed too. */
+  int readEntityClass();
   void alignConstantSignalFile();
 
   // --- Lists (lists.cpp) ---
@@ -229,20 +249,26 @@ class VhdlScanner {
   void WrappedList(int level, int separator, int stop);
   /** Blanks before the anchor that bring it to the width behind the indent; at least 1. */
   void alignAt(int width);
+  /** No blank before the anchor's separator, a line end behind it. */
+  void endEntry();
   /** The number of entries up to the stop on that level, 0 if it never comes. The anchor stays. */
   int CountListEntries(int level, int separator, int stop);
   /** The measures look ahead from the anchor, which stays; T_EOF if the list never ends. */
   int LongestInterfaceIdentifier();
   int LongestAssociationIdentifier(int& hasArrow);
-  /** Set the blanks behind the mode or class words of the list ahead; the latter returns the width of
-      the class column, 0 without class words. */
+  /** Set the blanks behind the mode or class words of the list ahead; the latter returns the width
+     of the class column, 0 without class words. */
   void lookForInOutLinkage();
   int lookForSignalConstantVariable();
+  int setWordColumn(int (*widthOf)(int typ));
 
   // --- Control statements (statements.cpp) ---
 
-  /** Indents what follows the anchor by one step, unless a label has done so. */
-  void indentUnlessLabelled();
+  /** Behind the last word of a head: the body stands one step in from the head. */
+  void openBody();
+  /** Behind `is` or the arrow of a choice: the statements stand two steps in from `case`. */
+  void openAlternative();
+  void openBinding();
   void If();
   void BetweenIfThen();
   void Elsif();
@@ -260,7 +286,10 @@ class VhdlScanner {
   void SignalAssignment();
   void VariableAssignment();
   void SelectedSignalAssignment();
-  /** Width of what stands before the anchor in its statement or on its line; 0 from identLength on. */
+  void readWaveform(int level);
+  void startElement(int level);
+  /** Width of what stands before the anchor in its statement or on its line; 0 from identLength on.
+   */
   int prevTargetLength();
   /** The longest target of the run of statements that starts with the anchor's. */
   int determineTargetLength(int typ, int orTyp);
@@ -273,45 +302,71 @@ class VhdlScanner {
 
   // --- Line breaking and comment reflow (layout/linebreak.cpp, layout/reflow.cpp) ---
 
+  struct LineInHand;
   void LineBreak();
+  void drawOutComment(VhdlToken& comment);
+  /** Mends the line that the anchor token makes too long. 0 if it was broken or a comment was dealt
+      with: the anchor is on the token before the next one to visit. 1 if there is no place to
+     break: the anchor stays. */
+  int WrapLine(LineInHand& line);
+  /** The best token to break behind, left of the anchor on its line, or null. The search ends at
+      `hopeless`, left of which there is none. The anchor stays. */
+  OldListRefItem* findBreak(const OldListRefItem* hopeless);
+  /** The comment behind a node, if nothing but blanks stands between. The anchor stays. */
+  const VhdlToken* commentBehind(OldListRefItem* node);
+  /** Ends the line behind the anchor token and moves the anchor onto the new line end. */
+  void breakBehindAnchor(LineInHand& line);
+  /** Brings the columns behind the anchor up to date as far as a break before it needs them: over
+      blanks, which go with the break, to the first token behind them. */
+  void SetColumnsInLine();
+  /** Moves the indents of the line behind the anchor, its first token, along with it. */
+  void ReindentLine(LineInHand& line);
+  /** Brings columns and indents behind the anchor up to date, to the end of its line. */
+  void finishLine(LineInHand& line);
+  void breakComments(LineInHand& line);
+  /** Shortens or splits the first comment at or behind the anchor, and all comments that follow
+     with nothing but blanks and line ends between. Moves the anchor behind the last of them. */
   void BreakComment();
+  VhdlToken* findComment();
+  void placeLongComment(VhdlToken& comment);
 
   // --- Data ---
 
-  OldList tokenList;   // VhdlToken; owns all tokens, cleared by Reset
-  OldList configList;  // QornConfigToken; texts of settings stand in it, so it outlives all formatting
+  OldList tokenList;  // VhdlToken; owns all tokens, cleared by Reset
+  OldList
+      configList;  // QornConfigToken; texts of settings stand in it, so it outlives all formatting
   DynString fileName;  // the path that was really opened
   FILE* inFile = nullptr;
   FILE* outFile = nullptr;
 
-  int indent = 0;                // columns; run state, cleared by Reset
-  int oldTabsize = 4;            // columns; tab distance of the input; setting
-  int tabSize = 4;               // columns; tab distance of the output; setting
-  int indentation = 4;           // columns; setting
-  int identLength = 20;          // characters; setting
-  int lineWidth = 80;            // count of columns; setting
-  int minimumFieldWidth = 15;    // columns
+  int indent = 0;                              // columns; run state, cleared by Reset
+  int oldTabsize = 4;                          // columns; tab distance of the input; setting
+  int tabSize = 4;                             // columns; tab distance of the output; setting
+  int indentation = 4;                         // columns; setting
+  int identLength = 20;                        // characters; setting
+  int lineWidth = 80;                          // count of columns; setting
+  int minimumFieldWidth = 15;                  // columns
   const char* blockCommentCharacters = "-=*";  // constant, or in configList
-  Stack<int> indentStack;        // columns; run state, cleared by Reset
-  int statementClosed = 1;       // run state, cleared by Reset
-  int keepIndentation = 0;       // option
-  int inBlockHeader = 0;         // 1 until the begin of a block; cleared by Reset
-  int inConfiguration = 0;       // 1 inside a configuration; cleared by Reset
-  int targetEndLine = 0;         // source line up to which targetLength holds; survives Reset
-  int targetLength = 0;          // columns; survives Reset
-  int commentStartColumn = 40;   // column; setting
-  int lastCommentLine = -1;      // source line of the last comment; survives Reset
-  int commentColumn = 40;        // column of the comments under way; survives Reset
+  Stack<int> indentStack;                      // columns; run state, cleared by Reset
+  int statementClosed = 1;                     // run state, cleared by Reset
+  int keepIndentation = 0;                     // option
+  int inBlockHeader = 0;                       // 1 until the begin of a block; cleared by Reset
+  int inConfiguration = 0;                     // 1 inside a configuration; cleared by Reset
+  int targetEndLine = 0;        // source line up to which targetLength holds; survives Reset
+  int targetLength = 0;         // columns; survives Reset
+  int commentStartColumn = 40;  // column; setting
+  int lastCommentLine = -1;     // source line of the last comment; survives Reset
+  int commentColumn = 40;       // column of the comments under way; survives Reset
   const char* backupFileExtension = ".bak";  // constant, or in configList
-  int tabify = 0;                // setting
-  int interfaceIdentifierList = C_WRAPPED;  // setting
-  int associationList = C_WRAPPED;          // setting
-  int extendComments = 1;        // setting
-  int frameBlockComments = 0;    // setting
-  int keepBackupFile = 1;        // setting
-  int style = C_A;               // setting; all codes but C_A act as C_B
-  DynString tabifyBuffer;        // result of Tabify and TabifyWhitespace
-  int includeOption = 0;         // option; without effect
+  int tabify = 0;                            // setting
+  int interfaceIdentifierList = C_WRAPPED;   // setting
+  int associationList = C_WRAPPED;           // setting
+  int extendComments = 1;                    // setting
+  int frameBlockComments = 0;                // setting
+  int keepBackupFile = 1;                    // setting
+  int style = C_A;                           // setting; all codes but C_A act as C_B
+  DynString tabifyBuffer;                    // result of Tabify and TabifyWhitespace
+  int includeOption = 0;                     // option; without effect
 
   LineRuler ruler;  // the output line under way; forgotten by Reset
 };

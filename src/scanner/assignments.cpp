@@ -1,0 +1,147 @@
+// Assignments and declarations in a run, statement after statement on consecutive lines, have their
+// assignment tokens or colons in one column. The alignment works on lengths: each statement gets
+// the blanks that bring its own target up to the longest of its run.
+#include "base/columns.h"
+#include "scanner/vhdlscanner.h"
+
+namespace {
+
+constexpr int assignmentWidth = 3;  // the two characters of the token and a blank
+
+/** What a token adds to the length of a target. */
+int targetWidth(const VhdlToken& token) {
+  const int typ = token.getTyp();
+  if (isSpacing(typ) || isClassWord(typ)) return 0;
+  if (typ == T_COLON || typ == T_COMMA) return 2;
+  const int length = token.textLength(1);
+  return typ == T_DOWNTO || typ == T_TO ? length + 2 : length;
+}
+
+bool endsTarget(const VhdlToken& token) {
+  if (token.getTyp() == T_NEWLINE) return beginsWithLineEnd(token, 1);
+  return token.getTyp() == T_SEMICOLON;
+}
+
+}  // namespace
+
+int VhdlScanner::prevTargetLength() {
+  const AnchorGuard guard(tokenList);
+  int length = 0;
+  const VhdlToken* token = stepBack();
+  for (; token != nullptr && !endsTarget(*token); token = stepBack()) {
+    length = addColumns(length, targetWidth(*token));
+    if (length >= identLength) return 0;
+  }
+  return length >= identLength ? 0 : length;
+}
+
+int VhdlScanner::determineTargetLength(int typ, int orTyp) {
+  if (anchorToken()->getLineNo() <= targetEndLine) return targetLength;
+  targetLength = prevTargetLength();
+  const AnchorGuard guard(tokenList);
+  bool isAssigned = true;  // has the statement in hand shown its assignment token?
+  int semicolonLine = 0;
+  while (const VhdlToken* token = stepForward()) {
+    const int next = token->getTyp();
+    if (next == T_SEMICOLON) {
+      if (!isAssigned) break;
+      semicolonLine = token->getLineNo();
+      isAssigned = false;
+    } else if ((next == typ || next == orTyp) && !isAssigned) {
+      if (token->getLineNo() != semicolonLine + 1) break;
+      const int length = prevTargetLength();
+      if (length > targetLength && length <= identLength) targetLength = length;
+      targetEndLine = token->getLineNo();
+      isAssigned = true;
+    }
+  }
+  return targetLength;
+}
+
+int VhdlScanner::blanksBeforeAssignment(int typ, int orTyp) {
+  const int longest = determineTargetLength(typ, orTyp);
+  const int own = prevTargetLength();
+  return own == 0 || own >= longest ? 1 : longest - own + 1;
+}
+
+void VhdlScanner::alignConstantSignalFile() {
+  setIndent(indentation, /*relative*/ 1);
+  if (!waitFor(T_COLON, T_IS)) return;
+  setPrevSpaces(blanksBeforeAssignment(T_COLON, T_IS));
+  popIndent();
+  setIndent(addColumns(getColumn(1), 1), /*relative*/ 1);
+  StatementOpen();
+}
+
+void VhdlScanner::SignalAssignment() {
+  const int level = getParenLevel();
+  const int blanks = blanksBeforeAssignment(T_SIGASSIGN, -1);
+  IndentLine(0);
+  setPrevSpaces(blanks);
+  if (style == C_A) {
+    setIndent(addColumns(getColumn(1), assignmentWidth), /*relative*/ 0);
+  } else if (CountListEntries(level, T_COMMA, T_SEMICOLON) > 1) {
+    setNextNewline();
+  }
+  readWaveform(level);
+}
+
+void VhdlScanner::readWaveform(int level) {
+  bool isWhenOpen = false;
+  for (;;) {
+    switch (getNextTokenTyp()) {
+      case T_EOF: return;
+      case T_COMMA: startElement(level); break;
+      case T_INERTIAL:
+      case T_TRANSPORT: style == C_A ? startElement(level) : setNextSpaces(1); break;
+      case T_WHEN:
+        if (style == C_A) setPrevNewline();
+        setIndent(indentation, /*relative*/ 1);
+        setTokenIndent();
+        isWhenOpen = true;
+        break;
+      case T_ELSE:
+        isWhenOpen = false;
+        if (style == C_A) setNextNewline();
+        popIndent();
+        break;
+      case T_SEMICOLON:
+        if (style == C_A) popIndent();
+        if (isWhenOpen) popIndent();
+        popIndent();
+        endHead();
+        return;
+      default: break;
+    }
+  }
+}
+
+void VhdlScanner::startElement(int level) {
+  getParenLevel() == level ? setNextNewline() : setNextSpaces(1);
+}
+
+void VhdlScanner::VariableAssignment() {
+  const bool isDeclared = determineContext() == T_COLON;
+  const int blanks = isDeclared ? 1 : blanksBeforeAssignment(T_VARASSIGN, -1);
+  IndentLine(0);
+  setPrevSpaces(blanks);
+  popIndent();
+  setIndent(addColumns(getColumn(1), assignmentWidth), /*relative*/ 0);
+  StatementOpen();
+}
+
+void VhdlScanner::SelectedSignalAssignment() {
+  indentUnlessLabelled();
+  for (;;) {
+    switch (getNextTokenTyp()) {
+      case T_EOF: return;
+      case T_COMMA:
+      case T_SIGASSIGN: setNextNewline(); break;
+      case T_SEMICOLON:
+        popIndent();
+        endHead();
+        return;
+      default: break;
+    }
+  }
+}

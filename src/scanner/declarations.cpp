@@ -1,0 +1,186 @@
+// Declarations: objects, attributes, groups, types and subprograms. One entry stays on the indent
+// stack for the semicolon that the pass reads, unless a handler has consumed the semicolon itself.
+#include <algorithm>
+
+#include "base/columns.h"
+#include "scanner/vhdlscanner.h"
+
+namespace {
+
+/** An object declaration: its word, whether a name must follow, the blanks before the name. */
+struct ObjectWord {
+  int typ;
+  bool needsName;
+  int blanks;
+};
+
+constexpr ObjectWord objectWords[] = {
+    {T_CONSTANT, false, 1}, {T_VARIABLE, false, 1}, {T_SIGNAL, false, 3},
+    {T_FILE, true, 5},      {T_ALIAS, true, 4},
+};
+
+}  // namespace
+
+void VhdlScanner::objectDeclaration() {
+  const int typ = anchorToken()->getTyp();
+  const auto* word = std::ranges::find(objectWords, typ, &ObjectWord::typ);
+  if (word->needsName && nextIs(T_IDENTIFIER) == 0) return;
+  setNextSpaces(word->blanks);
+  alignConstantSignalFile();
+}
+
+void VhdlScanner::Group() {
+  if (nextIs(T_IDENTIFIER) == 0) return;
+  setNextSpaces(1);
+  alignConstantSignalFile();
+  setNextSpaces(1);
+  if (getNextTokenTyp() != T_LPAREN) return;
+  // A template: two entity classes at most, each perhaps with a box behind it.
+  if (readEntityClass() == T_COMMA) {
+    setNextSpaces(1);
+    readEntityClass();
+  }
+  getNextToken();
+  popIndent();
+  setNextNewline();
+}
+
+int VhdlScanner::readEntityClass() {
+  getNextToken();
+  const int behind = getNextTokenTyp();
+  return behind == T_BOX ? getNextTokenTyp() : behind;
+}
+
+void VhdlScanner::Attribute() {
+  setIndent(indentation, /*relative*/ 1);
+  waitForSemiColon();
+  popIndent();
+  endHead();
+}
+
+void VhdlScanner::Type() {
+  setIndent(indentation, /*relative*/ 1);
+  if (getNextTokenTyp() != T_IDENTIFIER) return;
+  const int behind = getNextTokenTyp();
+  if (behind == T_SEMICOLON) {  // an incomplete type
+    popIndent();
+    endHead();
+    return;
+  }
+  if (behind != T_IS || LookForward(1) != T_LPAREN) return;
+  const VhdlToken* paren = getNextToken();
+  if (style == C_A) {
+    waitForParenClose(paren->getParenLevel());
+    return;
+  }
+  entriesInBlock();
+}
+
+void VhdlScanner::entriesInBlock() {
+  popTokenIndent();
+  setPrevNewline();
+  entryBlock();
+}
+
+void VhdlScanner::entryBlock() {
+  setIndent(indentation, /*relative*/ 1);
+  setNextNewline();
+  InterfaceList();
+  setPrevNewline();
+  popTokenIndent();
+  setIndent(indentation, /*relative*/ 1);
+}
+
+void VhdlScanner::Array() {
+  if (!hasSeveralIndexRanges()) return;
+  setPrevNewline();
+  if (style != C_A) popTokenIndent();
+  if (getNextTokenTyp() != T_LPAREN) return;
+  if (style != C_A) setPrevNewline();
+  entryBlock();
+  if (style == C_A) popIndent();
+}
+
+bool VhdlScanner::hasSeveralIndexRanges() {
+  bool several = false;
+  {
+    const AnchorGuard guard(tokenList);
+    several =
+        getNextTokenTyp() == T_LPAREN && CountListEntries(getParenLevel(), T_COMMA, T_RPAREN) > 1;
+  }
+  ruler.forget();
+  return several;
+}
+
+void VhdlScanner::openElements() {
+  setPrevNewline();
+  if (style != C_A) popTokenIndent();
+  setIndent(indentation, /*relative*/ 1);
+  setNextNewline();
+}
+
+void VhdlScanner::closeElements() {
+  End();
+  if (style == C_A) popIndent();
+  StatementClosed();
+}
+
+void VhdlScanner::Record() {
+  openElements();
+  InterfaceList();
+  setPrevNewline();
+  closeElements();
+}
+
+void VhdlScanner::Unit() {
+  openElements();
+  UnitList();
+  closeElements();
+}
+
+void VhdlScanner::UnitList() {
+  const int width = LongestInterfaceIdentifier();
+  while (const VhdlToken* token = getNextToken()) {
+    switch (token->getTyp()) {
+      case T_END: setPrevNewline(); return;
+      case T_EQUAL: alignAt(addColumns(width, 1)); break;  // it has a blank before it already
+      case T_COMMA:
+      case T_SEMICOLON: endEntry(); break;
+      default: break;
+    }
+  }
+}
+
+void VhdlScanner::Function() {
+  setIndent(indentation, /*relative*/ 1);
+  for (;;) {
+    switch (getNextTokenTyp()) {
+      case T_EOF: return;
+      case T_LPAREN:
+        style == C_A ? parametersInColumn() : entriesInBlock();
+        setNextSpaces(1);
+        break;
+      case T_SEMICOLON:  // a declaration
+        popIndent();
+        endHead();
+        return;
+      case T_IS: endHead(); return;  // a body
+      default: break;
+    }
+  }
+}
+
+void VhdlScanner::parametersInColumn() {
+  setPrevSpaces(0);
+  IndentLine(0);
+  setIndent(getColumn(1), /*relative*/ 0);
+  setTokenIndent();
+  setIndent(1, /*relative*/ 1);
+  InterfaceList();
+  popTokenIndent();
+  popIndent();
+}
+
+void VhdlScanner::Pure() {
+  if (getNextTokenTyp() == T_FUNCTION) Function();
+}

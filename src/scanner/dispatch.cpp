@@ -1,0 +1,149 @@
+// The formatting pass. It keeps no grammar beyond the indent stack and a few flags: of the tokens
+// that no handler has consumed, those that open a construct are dispatched to their handler.
+#include <array>
+
+#include "base/columns.h"
+#include "scanner/vhdlscanner.h"
+
+namespace {
+
+using Handler = void (VhdlScanner::*)();
+
+}  // namespace
+
+/** The handlers by token; a member so that it may name private ones. */
+struct VhdlScanner::Dispatch {
+  static constexpr TokenTable<Handler> handlers = [] {
+    TokenTable<Handler> table(&VhdlScanner::Default);
+    // clang-format off
+    table[T_ALIAS]         = &VhdlScanner::Alias;
+    table[T_ARCHITECTURE]  = &VhdlScanner::Architecture;
+    table[T_ARRAY]         = &VhdlScanner::Array;
+    table[T_ASSERT]        = &VhdlScanner::Assert;
+    table[T_ATTRIBUTE]     = &VhdlScanner::Attribute;
+    table[T_BEGIN]         = &VhdlScanner::Begin;
+    table[T_BLOCK]         = &VhdlScanner::Block;
+    table[T_CASE]          = &VhdlScanner::Case;
+    table[T_COMPONENT]     = &VhdlScanner::Component;
+    table[T_CONFIGURATION] = &VhdlScanner::Configuration;
+    table[T_CONSTANT]      = &VhdlScanner::Constant;
+    table[T_ELSE]          = &VhdlScanner::Else;
+    table[T_ELSIF]         = &VhdlScanner::Elsif;
+    table[T_END]           = &VhdlScanner::End;
+    table[T_ENTITY]        = &VhdlScanner::Entity;
+    table[T_FILE]          = &VhdlScanner::File;
+    table[T_FOR]           = &VhdlScanner::For;
+    table[T_FUNCTION]      = &VhdlScanner::Function;
+    table[T_GENERIC]       = &VhdlScanner::Port;
+    table[T_GROUP]         = &VhdlScanner::Group;
+    table[T_IDENTIFIER]    = &VhdlScanner::Identifier;
+    table[T_IF]            = &VhdlScanner::If;
+    table[T_IMPURE]        = &VhdlScanner::Impure;
+    table[T_LBRACKET]      = &VhdlScanner::Bracket;
+    table[T_LIBRARY]       = &VhdlScanner::Library;
+    table[T_LOOP]          = &VhdlScanner::Loop;
+    table[T_PACKAGE]       = &VhdlScanner::Package;
+    table[T_PORT]          = &VhdlScanner::Port;
+    table[T_POSTPONED]     = &VhdlScanner::PassOver;
+    table[T_PROCEDURE]     = &VhdlScanner::Procedure;
+    table[T_PROCESS]       = &VhdlScanner::Process;
+    table[T_PURE]          = &VhdlScanner::Pure;
+    table[T_RBRACKET]      = &VhdlScanner::Bracket;
+    table[T_RECORD]        = &VhdlScanner::Record;
+    table[T_REPORT]        = &VhdlScanner::Assert;
+    table[T_SEMICOLON]     = &VhdlScanner::SemiColon;
+    table[T_SHARED]        = &VhdlScanner::PassOver;
+    table[T_SIGASSIGN]     = &VhdlScanner::SignalAssignment;
+    table[T_SIGNAL]        = &VhdlScanner::Signal;
+    table[T_TYPE]          = &VhdlScanner::Type;
+    table[T_UNITS]         = &VhdlScanner::Unit;
+    table[T_USE]           = &VhdlScanner::Use;
+    table[T_VARASSIGN]     = &VhdlScanner::VariableAssignment;
+    table[T_VARIABLE]      = &VhdlScanner::Variable;
+    table[T_WAIT]          = &VhdlScanner::Wait;
+    table[T_WHEN]          = &VhdlScanner::When;
+    table[T_WHILE]         = &VhdlScanner::While;
+    table[T_WITH]          = &VhdlScanner::SelectedSignalAssignment;
+    // clang-format on
+    return table;
+  }();
+};
+
+void VhdlScanner::Format() {
+  addSentinel();
+  tokenList.getFirst();
+  while (const VhdlToken* token = getNextToken()) {
+    (this->*Dispatch::handlers[token->getTyp()])();
+  }
+}
+
+void VhdlScanner::Default() { setIdentifierIndent(); }
+
+void VhdlScanner::Identifier() {
+  setIdentifierIndent();
+  if (LookForward(1) != T_LPAREN) return;
+  getNextToken();
+  ParameterList();
+}
+
+void VhdlScanner::ParameterList() {
+  IndentLine(0);
+  setIndent(addColumns(getColumn(1), 1), /*relative*/ 0);
+  const VhdlToken* token = getNextToken();
+  if (token == nullptr) return;
+  const int level = token->getParenLevel();
+  for (; token != nullptr; token = getNextToken()) {
+    if (token->getTyp() == T_RPAREN && token->getParenLevel() == level) {
+      popIndent();
+      return;
+    }
+  }
+}
+
+void VhdlScanner::SemiColon() {
+  StatementClosed();
+  popIndent();
+  setNextNewline();
+}
+
+void VhdlScanner::Bracket() {
+  setPrevSpaces(0);
+  setNextSpaces(1);
+}
+
+void VhdlScanner::waitForSemiColon() { waitFor(T_SEMICOLON, T_SEMICOLON); }
+
+void VhdlScanner::waitForParenClose(int level) {
+  while (const VhdlToken* token = getNextToken()) {
+    if (token->getTyp() == T_RPAREN && token->getParenLevel() == level) return;
+  }
+}
+
+bool VhdlScanner::waitFor(int typ, int orTyp) {
+  for (;;) {
+    const int next = getNextTokenTyp();
+    if (next == typ || next == orTyp) return true;
+    if (next == T_EOF) return false;
+  }
+}
+
+int VhdlScanner::determineContext() {
+  const AnchorGuard guard(tokenList);
+  while (const VhdlToken* token = stepBack()) {
+    switch (token->getTyp()) {
+      case T_COLON: return T_COLON;
+      case T_ALIAS:
+      case T_COMMA:
+      case T_CONSTANT:
+      case T_DOWNTO:
+      case T_FILE:
+      case T_GROUP:
+      case T_NEWLINE:
+      case T_SEMICOLON:
+      case T_SIGNAL:
+      case T_VARIABLE: return -1;
+      default: break;
+    }
+  }
+  return -1;
+}

@@ -1,0 +1,248 @@
+// Interface and association lists: generic and port clauses, parameters, record elements, maps. A
+// list is measured ahead of the cursor first, then read entry by entry and put into columns.
+//
+// The levels that the loops compare differ on purpose: the measures and AssociationList go by the
+// level of the opening parenthesis, InterfaceList ends at the level of the first token that it
+// reads and splits at every comma and semicolon, however deep.
+#include <algorithm>
+
+#include "base/columns.h"
+#include "scanner/vhdlscanner.h"
+
+namespace {
+
+/** The columns that a word claims, itself and one blank, in the table of its kind; 0 in none. */
+constexpr auto modeWidths = [] {
+  TokenTable<int> widths(0);
+  // clang-format off
+  widths[T_IN]      = 3;
+  widths[T_OUT]     = 4;
+  widths[T_INOUT]   = 6;
+  widths[T_BUFFER]  = 7;
+  widths[T_LINKAGE] = 8;
+  // clang-format on
+  return widths;
+}();
+
+constexpr auto classWidths = [] {
+  TokenTable<int> widths(0);
+  // clang-format off
+  widths[T_FILE]     = 5;
+  widths[T_ALIAS]    = 6;
+  widths[T_GROUP]    = 6;
+  widths[T_SIGNAL]   = 7;
+  widths[T_CONSTANT] = 9;
+  widths[T_VARIABLE] = 9;
+  // clang-format on
+  return widths;
+}();
+
+constexpr int interfaceExtra = 9;  // an interface name may be that much longer than other names
+
+/** Does a look-ahead that began at `level` end with this token? */
+bool endsList(const VhdlToken& token, int level) {
+  const int typ = token.getTyp();
+  return typ == T_END || (typ == T_RPAREN && token.getParenLevel() <= level);
+}
+
+}  // namespace
+
+void VhdlScanner::alignAt(int width) {
+  IndentLine(0);
+  setPrevSpaces(std::max(addColumns(addColumns(width, indent), -getColumn(1)), 1));
+}
+
+void VhdlScanner::endEntry() {
+  setPrevSpaces(0);
+  setNextNewline();
+}
+
+void VhdlScanner::Port() {
+  if (LookForward(1) == T_MAP) {
+    PortMap();
+    return;
+  }
+  const VhdlToken* paren = getNextToken();
+  if (paren == nullptr || paren->getTyp() != T_LPAREN) return;
+  if (style != C_A) setPrevNewline();
+  setIndent(indentation, /*relative*/ 1);
+  setPrevSpaces(1);
+  setNextNewline();
+  if (interfaceIdentifierList == C_WRAPPED) {
+    InterfaceList();
+    setPrevNewline();
+  } else {
+    waitForParenClose(paren->getParenLevel());
+  }
+  popTokenIndent();
+  if (getNextTokenTyp() == T_SEMICOLON) endHead();
+}
+
+void VhdlScanner::PortMap() {
+  setPrevNewline();
+  if (getNextTokenTyp() != T_MAP) return;
+  const VhdlToken* paren = getNextToken();
+  if (paren == nullptr || paren->getTyp() != T_LPAREN) return;
+  const int level = paren->getParenLevel();
+  style == C_A ? setPrevSpaces(1) : setPrevNewline();
+  setNextNewline();
+  setIndent(indentation, /*relative*/ 1);
+  associationList == C_WRAPPED ? AssociationList(level) : waitForParenClose(level);
+  setPrevNewline();
+  popTokenIndent();
+  if (inBlockHeader == 1 && nextIs(T_SEMICOLON) == 1) getNextToken();
+  StatementClosed();
+}
+
+void VhdlScanner::InterfaceList() {
+  const int limit = identLength;
+  identLength = addColumns(limit, interfaceExtra);
+  const int colonOffset = LongestInterfaceIdentifier();
+  identLength = limit;
+  if (colonOffset == T_EOF) return;
+  const VhdlToken* token = getNextToken();
+  if (token == nullptr) return;
+  const int level = token->getParenLevel();
+  for (; token != nullptr; token = getNextToken()) {
+    switch (token->getTyp()) {
+      case T_END: setPrevNewline(); return;
+      case T_RPAREN:
+        if (token->getParenLevel() == level) return;
+        break;
+      case T_SEMICOLON:
+      case T_COMMA: endEntry(); break;
+      case T_COLON:
+        alignAt(colonOffset);
+        setNextSpaces(1);
+        break;
+      default: break;
+    }
+  }
+}
+
+int VhdlScanner::LongestInterfaceIdentifier() {
+  const AnchorGuard guard(tokenList);
+  const int level = getParenLevel();
+  lookForInOutLinkage();
+  const int classColumn = lookForSignalConstantVariable();
+  int length = 0;
+  int longest = 0;
+  while (const VhdlToken* token = stepForward()) {
+    const int typ = token->getTyp();
+    if (endsList(*token, level)) return longest + 1;
+    if (isSpacing(typ) || typ == T_RPAREN) continue;
+    if (isClassWord(typ)) {
+      length = addColumns(length, classColumn);
+    } else if (typ == T_COLON || typ == T_COMMA || typ == T_EQUAL) {
+      if (length > longest && length <= identLength) longest = length;
+      length = 0;
+    } else if (typ == T_SEMICOLON) {
+      length = 0;
+    } else {
+      length = addColumns(length, token->textLength(1));
+    }
+  }
+  return T_EOF;
+}
+
+void VhdlScanner::lookForInOutLinkage() {
+  setWordColumn([](int typ) { return modeWidths[typ]; });
+}
+
+int VhdlScanner::lookForSignalConstantVariable() {
+  return setWordColumn([](int typ) { return classWidths[typ]; });
+}
+
+int VhdlScanner::setWordColumn(int (*widthOf)(int typ)) {
+  const int level = getParenLevel();
+  int widest = 0;
+  {
+    const AnchorGuard guard(tokenList);
+    const VhdlToken* token = stepForward();
+    for (; token != nullptr && !endsList(*token, level); token = stepForward()) {
+      widest = std::max(widest, widthOf(token->getTyp()));
+    }
+  }
+  if (widest == 0) return 0;
+  const AnchorGuard guard(tokenList);
+  const VhdlToken* token = stepForward();
+  for (; token != nullptr && !endsList(*token, level); token = stepForward()) {
+    const int width = widthOf(token->getTyp());
+    if (width > 0) setNextSpaces(widest - width + 1);
+  }
+  return widest;
+}
+
+void VhdlScanner::AssociationList(int level) {
+  // -1: no arrow anywhere in the list; 0: the entry in hand has shown none yet; 1: it has.
+  int arrows = -1;
+  const int width = LongestAssociationIdentifier(arrows);
+  if (width == T_EOF) return;
+  if (arrows == 1) arrows = 0;
+  while (const VhdlToken* token = getNextToken()) {
+    const int depth = token->getParenLevel();
+    switch (token->getTyp()) {
+      case T_RPAREN:
+        if (depth != level) break;
+        if (arrows == 0) IndentLine(addColumns(width, 2));  // under the actuals of the others
+        return;
+      case T_COMMA:
+      case T_SEMICOLON:
+        if (depth > level) break;
+        if (arrows == 0) IndentLine(addColumns(width, 2));
+        endEntry();
+        if (arrows == 1) arrows = 0;
+        break;
+      case T_ARROW:
+        alignAt(width);
+        setNextSpaces(1);
+        arrows = 1;
+        break;
+      case T_END: setPrevNewline(); return;
+      default: break;
+    }
+  }
+}
+
+int VhdlScanner::LongestAssociationIdentifier(int& hasArrow) {
+  const AnchorGuard guard(tokenList);
+  const int level = getParenLevel();
+  int length = 0;
+  int longest = 0;
+  while (const VhdlToken* token = stepForward()) {
+    const int typ = token->getTyp();
+    if (endsList(*token, level)) return longest + 2;
+    if (isSpacing(typ)) continue;
+    if (typ == T_ARROW) {
+      if (length > longest && length < identLength) longest = length;
+      length = 0;
+      hasArrow = 1;
+    } else if (typ == T_COMMA || typ == T_SEMICOLON) {
+      length = token->getParenLevel() <= level ? 0 : addColumns(length, 2);
+    } else if (typ == T_RPAREN) {
+      length = addColumns(length, 1);
+    } else {
+      length = addColumns(length, token->textLength(1));
+    }
+  }
+  return T_EOF;
+}
+
+int VhdlScanner::CountListEntries(int level, int separator, int stop) {
+  const AnchorGuard guard(tokenList);
+  int count = 1;
+  while (const VhdlToken* token = stepForward()) {
+    if (token->getParenLevel() > level) continue;
+    if (token->getTyp() == stop) return count;
+    if (token->getTyp() == separator) ++count;
+  }
+  return 0;
+}
+
+void VhdlScanner::WrappedList(int level, int separator, int stop) {
+  while (const VhdlToken* token = getNextToken()) {
+    if (token->getParenLevel() > level) continue;
+    if (token->getTyp() == stop) return;
+    if (token->getTyp() == separator) setNextNewline();
+  }
+}

@@ -1,0 +1,89 @@
+// The text of one comment: drawing a frame out to the margin, cutting filler off, splitting. The
+// pair of a comment is its last two characters, where they are the same frame character; a filled
+// comment has two more of them in front of it.
+#include <algorithm>
+
+#include "tokens/vhdltoken.h"
+
+namespace {
+
+constexpr std::string_view continuationMark = "-- ";
+constexpr int pairLength = 2;
+
+/** The closing pair, empty if the text has none. */
+std::string_view pairOf(std::string_view text, std::string_view chars) {
+  if (text.size() < pairLength) return {};
+  const std::string_view last = text.substr(text.size() - pairLength);
+  return last[0] == last[1] && chars.find(last[0]) != std::string_view::npos ? last
+                                                                             : std::string_view();
+}
+
+}  // namespace
+
+void VhdlToken::alignComment(int width, std::string_view chars, int frame) {
+  if (typ != T_COMMENT) return;
+  const std::string_view source = viewText(1);
+  const std::string_view pair = pairOf(source, chars);
+  const int count = static_cast<int>(source.size());
+  if (pair.empty() || count <= 3 || indent > width - count) return;
+  const char mark = pair[0];
+  const std::string_view title = source.substr(0, source.size() - pairLength);
+  const char filler = pairOf(title, pair).empty() ? ' ' : mark;
+  DynString drawn(title);
+  if (filler == ' ' && frame != 1) {
+    int end = drawn.length();
+    while (end > 1 && title[static_cast<std::size_t>(end) - 1] == ' ') --end;
+    drawn.truncate(end);
+    if (mark != '-') drawn.catRepeated(pairLength, mark);
+  } else {
+    drawn.catRepeated(width - indent - count, filler);
+    drawn.catRepeated(pairLength, mark);
+  }
+  setFormatText(std::move(drawn));
+}
+
+void VhdlToken::trimmComment(int width, std::string_view pair) {
+  if (typ != T_COMMENT) return;
+  const std::string_view source = viewText(1);
+  const int room = width - indent;
+  const int count = static_cast<int>(source.size());
+  if (count < room || count <= pairLength || !source.ends_with(pair)) return;
+  const char mark = pair[0];
+  int last = count - pairLength - 1;  // the character in front of the pair that may be filler
+  while (last > 0 && last > room - 4 &&
+         (source[static_cast<std::size_t>(last)] == ' ' ||
+          source[static_cast<std::size_t>(last)] == mark)) {
+    --last;
+  }
+  if (hasFormatText == 0) setFormatText(source);
+  formatText.truncate(std::min(last + 2, count - pairLength));
+  formatText.catRepeated(pairLength, mark);
+}
+
+DynString* VhdlToken::stripComment(int width, std::string_view chars) {
+  if (typ != T_COMMENT) return nullptr;
+  const DynString pair(pairOf(viewText(1), chars));
+  if (pair.length() > 0) trimmComment(width, pair.view());
+  const std::string_view source = viewText(1);
+  if (indent <= width - static_cast<int>(source.size())) return nullptr;
+  const int limit = width - indent - (pair.length() > 0 ? pairLength + 1 : 0);
+  if (limit <= 0) return nullptr;
+  const std::size_t blank = source.rfind(' ', static_cast<std::size_t>(limit));
+  if (blank == std::string_view::npos || blank < continuationMark.size()) return nullptr;
+  DynString rest;
+  if (hasFormatText == 1) {
+    rest = std::move(formatText);
+  } else {
+    rest.set(source);
+  }
+  formatText.set(rest.view().substr(0, blank));
+  hasFormatText = 1;
+  if (pair.length() > 0) {
+    formatText.cat(' ');
+    formatText.cat(pair.view());
+  }
+  rest.dropFront(static_cast<int>(blank + 1 - continuationMark.size()));
+  rest.overwrite(0, continuationMark);
+  caseBuffer = std::move(rest);
+  return &caseBuffer;
+}

@@ -1,0 +1,20 @@
+// Fragments cut from the middle of a file: the column at which the code starts primes the indent
+// stack with as many levels as the column is deep, so that the fragment's closing words have levels
+// to pop.
+#include "scanner/vhdlscanner.h"
+
+void VhdlScanner::KeepIndentation() {
+  const auto* token = static_cast<const VhdlToken*>(tokenList.getFirst());
+  while (isSpacing(token->getTyp())) token = stepForward();
+  const int typ = token->getTyp();
+  if (typ == T_BEGIN || typ == T_ELSE || typ == T_ELSIF || typ == T_END) {
+    setIndent(indentation, /*relative*/ 1);  // their handlers step back from it
+  }
+  const int column = getColumn(1);
+  const int steps = indentation == 0 ? 0 : column / indentation;
+  const int rest = column - steps * indentation;
+  if (rest != 0) setIndent(rest, /*relative*/ 1);
+  for (int i = 0; i < steps; ++i) setIndent(indentation, /*relative*/ 1);
+  ruler.forget();
+  StatementClosed();
+}

@@ -11,21 +11,9 @@
 #include <string_view>
 
 #include "config/configtoken.h"
-#include "tokens/tokencodes.h"
+#include "confignames.h"
 
 namespace {
-
-std::string codeName(int code) {
-  switch (code) {
-#define QORN_CONFIGCODE(name, code) \
-  case name:                        \
-    return std::string(#name).substr(2);
-#define QORN_KEY(name, form)
-#define QORN_VALUE(name, form)
-#include "tokens/configcodes.def"
-    default: return "?";
-  }
-}
 
 /** "KEY" without a value, else "KEY=WORD", "KEY=12" or "KEY='text'". */
 std::string shown(const QornConfigToken& key) {

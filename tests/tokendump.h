@@ -1,0 +1,69 @@
+// Token lists as people read them: one line, such as "IDENTIFIER(x) ATTRIBUTE_NAME('active) EOF".
+#ifndef QORN_TESTS_TOKENDUMP_H
+#define QORN_TESTS_TOKENDUMP_H
+
+#include <cstdio>
+#include <string>
+#include <string_view>
+
+#include "base/oldlist.h"
+#include "tokens/tabs.h"
+#include "tokens/tokencodes.h"
+#include "tokens/vhdllexer.h"
+#include "tokens/vhdltoken.h"
+
+/** The name of a token code without its prefix; any other number as its digits. */
+inline std::string tokenName(int typ) {
+  switch (typ) {
+#define QORN_WORD(name, code, word)               \
+  case name: return std::string(#name).substr(2); \
+      #define QORN_CODE(name, code, group)        \
+  case name: return std::string(#name).substr(2); \
+      #include "tokens/tokencodes.def"
+    default: return std::to_string(typ);
+  }
+}
+
+/** The text with control characters and bytes beyond ASCII as escapes. */
+inline std::string visible(std::string_view text) {
+  std::string line;
+  for (const char character : text) {
+    const std::size_t known = std::string_view("\n\t\r\v\f").find(character);
+    char code[5] = {'\\', "ntrvf"[known % 5], '\0'};
+    const bool isPlain = character >= ' ' && character <= '~';
+    if (known == std::string_view::npos) {
+      (void)std::snprintf(code, sizeof code, isPlain ? "%c" : "\\x%02x",
+                          static_cast<unsigned char>(character));
+    }
+    line += code;
+  }
+  return line;
+}
+
+/** Reads a source from its first column and appends its tokens. Lines and levels run on. */
+inline void lexInto(OldList& list, std::string_view source, int tabSize = 4) {
+  std::string text(source);
+  yyin = fmemopen(text.data(), text.size(), "r");
+  yytoklist = &list;
+  lexColumn = 0;
+  YYsetInTabSize(tabSize);
+  (void)yylex();
+  std::fclose(yyin);
+}
+
+/** Code and text of every token; the text is left out of line ends, and with `formatted` 1 it is
+    what is printed. Moves the anchor. */
+inline std::string dump(OldList& list, int formatted = 0) {
+  std::string line;
+  for (OldListItem* item = list.getFirst(); item != nullptr; item = list.getNext()) {
+    const auto* token = static_cast<VhdlToken*>(item);
+    const std::string text = visible(token->viewText(formatted));
+    if (!line.empty()) line += ' ';
+    line += tokenName(token->getTyp());
+    const bool plainNewline = token->getTyp() == T_NEWLINE && text == "\\n";
+    if (!text.empty() && !plainNewline) line += "(" + text + ")";
+  }
+  return line;
+}
+
+#endif

@@ -6,13 +6,10 @@
 #include <cstring>
 #include <string_view>
 
+#include "base/ascii.h"
 #include "tokens/tokencodes.h"
 
 namespace {
-
-constexpr char upper(char letter) {
-  return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - ('a' - 'A')) : letter;
-}
 
 constexpr std::string_view attributeNames[] = {
     "ACTIVE",        "ASCENDING",  "BASE",        "BEHAVIOR", "DELAYED",       "DRIVING",
@@ -51,7 +48,7 @@ std::size_t matchDigits(const char* at, int digits) {
 
 /** E, a sign if one stands there, and an integer. */
 std::size_t matchExponent(const char* at, bool mayBeNegative) {
-  if (upper(*at) != 'E') return 0;
+  if (asciiUpper(*at) != 'E') return 0;
   const bool hasSign = at[1] == '+' || (at[1] == '-' && mayBeNegative);
   const std::size_t front = hasSign ? 2 : 1;
   const std::size_t digits = matchDigits(at + front, DIGIT);
@@ -66,7 +63,7 @@ std::size_t matchFraction(const char* at, int digits) {
 }
 
 int digitsOfBase(char prefix) {
-  switch (upper(prefix)) {
+  switch (asciiUpper(prefix)) {
     case 'X': return HEX;
     case 'O': return OCTAL;
     case 'B': return BINARY;
@@ -144,7 +141,7 @@ std::size_t matchAttribute(const char* at) {
   std::array<char, longestAttribute> letters;
   std::size_t length = 0;
   while (length < longestAttribute && (hasClass(name[length], LETTER) || name[length] == '_')) {
-    letters[length] = upper(name[length]);
+    letters[length] = asciiUpper(name[length]);
     ++length;
   }
   for (; length >= shortestAttribute; --length) {
@@ -170,7 +167,7 @@ std::size_t matchComment(const char* at) {
 int commentTyp(const char* at) {
   for (const Pragma& pragma : pragmas) {
     std::size_t same = 0;
-    while (same < pragma.word.size() && upper(at[same]) == pragma.word[same]) ++same;
+    while (same < pragma.word.size() && asciiUpper(at[same]) == pragma.word[same]) ++same;
     if (same == pragma.word.size()) return pragma.typ;
   }
   return T_COMMENT;

@@ -2,15 +2,13 @@
 // length of the longest text that it matches at `at`, 0 if there is none; one that begins to match
 // and fails falls back to what was complete on the way.
 //
-// The text ends in a line feed and at least `textPadding` zeros that don't belong to it, so that a
-// rule may look a few characters ahead without asking for the end.
+// The text is closed as SourceText closes it, so that a rule may look a few characters ahead
+// without asking for the end.
 #ifndef QORN_TOKENS_LEXRULES_H
 #define QORN_TOKENS_LEXRULES_H
 
 #include <array>
 #include <cstddef>
-
-constexpr std::size_t textPadding = 16;
 
 enum CharClass : unsigned char {
   LETTER = 1,

@@ -2,14 +2,9 @@
 // equal ones the more special. A NUL byte ends the stored text of its token.
 #include "tokens/vhdllexer.h"
 
-#include <sys/stat.h>
+#include <array>
 
-#include <algorithm>
-#include <cerrno>
-#include <cstdlib>
-#include <cstring>
-
-#include "base/fatal.h"
+#include "base/sourcetext.h"
 #include "tokens/lexrules.h"
 #include "tokens/tabs.h"
 #include "tokens/tokencodes.h"
@@ -23,49 +18,6 @@ namespace {
 
 int lexLine = 1;
 int lexParenLevel = 0;
-
-/** The whole text of a stream, closed by a line feed and zeros that don't belong to it. */
-class SourceText {
- public:
-  SourceText() = default;
-  SourceText(const SourceText&) = delete;
-  SourceText& operator=(const SourceText&) = delete;
-  ~SourceText() { std::free(text); }
-
-  void read(FILE* stream);
-  const char* begin() const { return text; }
-  const char* end() const { return text + size; }
-  bool holdsNul() const { return std::memchr(text, '\0', size) != nullptr; }
-
- private:
-  void reserve(std::size_t wanted);
-
-  char* text = nullptr;
-  std::size_t size = 0;
-  std::size_t capacity = 0;  // without the closing characters
-};
-
-void SourceText::reserve(std::size_t wanted) {
-  void* wider = std::realloc(text, wanted + 1 + textPadding);  // grows a large block without a copy
-  if (wider == nullptr) outOfMemory();
-  text = static_cast<char*>(wider);
-  capacity = wanted;
-}
-
-void SourceText::read(FILE* stream) {
-  struct stat status {};
-  const bool isFile = fstat(fileno(stream), &status) == 0 && S_ISREG(status.st_mode);
-  reserve(std::max<std::size_t>(isFile ? static_cast<std::size_t>(status.st_size) + 1 : 0, 65536));
-  for (;;) {
-    const std::size_t count = std::fread(text + size, 1, capacity - size, stream);
-    size += count;
-    if (std::ferror(stream) != 0) fatalError(yyname, std::strerror(errno));
-    if (std::feof(stream) != 0) break;
-    if (size == capacity) reserve(2 * capacity);
-  }
-  text[size] = '\n';
-  std::memset(text + size + 1, '\0', textPadding);
-}
 
 /** A character that is a token of its own, or with one of two others behind it. */
 struct Punctuation {
@@ -184,9 +136,8 @@ void addToken(std::string_view text, int typ) {
 }
 
 int yylex() {
-  SourceText source;
-  source.read(yyin);
-  const bool holdsNul = source.holdsNul();
+  const SourceText source(yyin, yyname);
+  const bool holdsNul = source.view().find('\0') != std::string_view::npos;
   const char* at = source.begin();
   while (at < source.end()) {
     if (*at == '\r') {

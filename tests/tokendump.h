@@ -12,16 +12,23 @@
 #include "tokens/vhdllexer.h"
 #include "tokens/vhdltoken.h"
 
+struct NamedCode {
+  std::string_view name;
+  int typ;
+};
+
+constexpr NamedCode namedCodes[] = {
+#define QORN_WORD(name, code, word) {#name, code},
+#define QORN_CODE(name, code, group) {#name, code},
+#include "tokens/tokencodes.def"
+};
+
 /** The name of a token code without its prefix; any other number as its digits. */
 inline std::string tokenName(int typ) {
-  switch (typ) {
-#define QORN_WORD(name, code, word)               \
-  case name: return std::string(#name).substr(2); \
-      #define QORN_CODE(name, code, group)        \
-  case name: return std::string(#name).substr(2); \
-      #include "tokens/tokencodes.def"
-    default: return std::to_string(typ);
+  for (const NamedCode& code : namedCodes) {
+    if (code.typ == typ) return std::string(code.name.substr(2));
   }
+  return std::to_string(typ);
 }
 
 /** The text with control characters and bytes beyond ASCII as escapes. */

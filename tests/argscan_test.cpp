@@ -92,49 +92,34 @@ TEST(ArgScanTest, AsksForWhatIsNotDeclared) {
   EXPECT_EQ(options.getFirstArgument(), nullptr);
 }
 
-TEST(ArgScanTest, ChecksWhatMustBeAndWhatExcludesEachOther) {
-  const Case cases[] = {
-      {"-m 1 -n 2", ""},
-      {"-m 1", "Error! Missing option -n second\n"},
-      {"", "Error! Missing option -m first\nError! Missing option -n second\n"},
-      {"-n 1 -m", "Error! option -m missing arg: first\nError! Missing option -m first\n"},
-      {"-m 1 -n 2 -a -c", ""},
-      {"-m 1 -n 2 -b -a", "Error! only one of -a -b may be defined\n"},
-      {"-m 1 -n 2 -abcdd",
-       "Error! only one of -a -b may be defined\nError! only one of -c -d may be defined\n"},
-      {"-m 1 -n 2 -a -n 3", "Error! only one of -n -a may be defined\n"},
-  };
-  for (const Case& row : cases) {
-    ArgScan options;
-    options.setOptionalFlags("abcd");
-    options.setMustSwitch('m', "first");
-    options.setMustSwitch('n', "second");
-    options.setExclusive("ab");
-    options.setExclusive("cd");
-    if (std::string(row.input).ends_with("-n 3")) options.setExclusive("na");
-    EXPECT_EQ(scan(options, row.input), row.expected[0] == '\0' ? 0 : -1);
-    EXPECT_STREQ(options.getErrors(), row.expected) << row.input;
-  }
-}
-
-TEST(ArgScanTest, CountsArguments) {
-  struct CountCase {
-    int count;
+TEST(ArgScanTest, ChecksWhatTheCallerDemands) {
+  struct DemandCase {
+    int count;  // of arguments
     const char* input;
     const char* expected;
   };
-  const CountCase cases[] = {
-      {0, "a b c", ""},
-      {2, "a b", ""},
-      {2, "a", "Error! 2 argument(s) are expected\n"},
-      {2, "a b c", "Error! 2 argument(s) are expected\n"},
-      {-2, "", ""},
-      {-2, "a b", ""},
-      {-2, "a b c", "Error! maximal 2 argument(s) are allowed\n"},
-      {1, "-x", "Error! Unknown option -x\nError! 1 argument(s) are expected\n"},
+  const DemandCase cases[] = {
+      {0, "-m 1 a b c", ""},
+      {0, "", "Error! Missing option -m value\n"},
+      {0, "-m", "Error! option -m missing arg: value\nError! Missing option -m value\n"},
+      {0, "-m 1 -ac", ""},
+      {0, "-m 1 -b -a", "Error! only one of -a -b may be defined\n"},
+      {0, "-m 1 -bb", ""},
+      {0, "-m 1 -abcd",
+       "Error! only one of -a -b may be defined\nError! only one of -c -d may be defined\n"},
+      {2, "-m 1 a b", ""},
+      {2, "-m 1 a", "Error! 2 argument(s) are expected\n"},
+      {2, "-m 1 a b c", "Error! 2 argument(s) are expected\n"},
+      {-2, "-m 1", ""},
+      {-2, "-m 1 a b", ""},
+      {-2, "a b c", "Error! Missing option -m value\nError! maximal 2 argument(s) are allowed\n"},
   };
-  for (const CountCase& row : cases) {
+  for (const DemandCase& row : cases) {
     ArgScan options;
+    options.setOptionalFlags("abcd");
+    options.setMustSwitch('m', "value");
+    options.setExclusive("ab");
+    options.setExclusive("cd");
     options.setArgumentCount(row.count);
     EXPECT_EQ(scan(options, row.input), row.expected[0] == '\0' ? 0 : -1);
     EXPECT_STREQ(options.getErrors(), row.expected) << row.count << ": " << row.input;

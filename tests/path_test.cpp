@@ -2,7 +2,6 @@
 #include "base/path.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <cerrno>
 #include <filesystem>
@@ -21,15 +20,11 @@ TEST(PathTest, CleanupTidiesTheText) {
   };
   const Case cases[] = {
       {"/a/./b", "/a/b"},
-      {"/a/././b", "/a/b"},
       {"/a//b", "/a/b"},
-      {"///a////b", "/a/b"},
       {"/a/.//./b", "/a/b"},
       {"/a/b/../c", "/a/c"},
-      {"/a/b/../../c", "/c"},
       {"/a/b/c/../../d/../e", "/a/e"},
       {"/a/b/..", "/a"},
-      {"/a/b/../..", ""},
       {"/a/b/.", "/a/b"},
       {"/a/b/", "/a/b"},
       {"/tmp_mnt/home/x", "/home/x"},
@@ -39,8 +34,6 @@ TEST(PathTest, CleanupTidiesTheText) {
       {"/a//../../b/./c", "/a//../../b/./c"},  // more steps up than levels
       {"a/../b", "a/../b"},
       {"a/..", "a/.."},
-      {"..", ".."},
-      {".", "."},
       {"/.", ""},
       {"/", ""},
       {"", ""},
@@ -50,13 +43,6 @@ TEST(PathTest, CleanupTidiesTheText) {
     path.cleanup();
     EXPECT_STREQ(path.get(), row.expected) << row.input;
   }
-}
-
-TEST(PathTest, TailStandsBehindTheLastSlash) {
-  EXPECT_STREQ(Path("/usr/bin/qorn").tail(), "qorn");
-  EXPECT_STREQ(Path("qorn").tail(), "qorn");
-  EXPECT_STREQ(Path("bin/").tail(), "");
-  EXPECT_STREQ(Path("").tail(), "");
 }
 
 TEST(PathTest, ExecutableTellsWhyNot) {
@@ -71,70 +57,37 @@ TEST(PathTest, ExecutableTellsWhyNot) {
   EXPECT_EQ(shell.executable(), 0);
 }
 
-/** Comes back to the working directory of before. */
-class Elsewhere {
- public:
-  explicit Elsewhere(const std::string& folder) : old(std::filesystem::current_path()) {
-    std::filesystem::current_path(folder);
-  }
-  ~Elsewhere() { std::filesystem::current_path(old); }
-
- private:
-  std::filesystem::path old;
-};
-
-TEST(PathTest, AddcwdTakesDirectoriesOfAnyLength) {
+TEST(PathTest, AddcwdTakesDirectoriesOfAnyLengthAndReportsALostOne) {
   const TempFolder folder;
-  for (const std::size_t length : {1U, 40U, 63U, 64U, 65U, 128U, 250U}) {
-    const std::string name(length, 'd');
-    folder.write(name + "/file", "");
-    const Elsewhere elsewhere(folder.path(name));
+  const auto old = std::filesystem::current_path();
+  for (const std::size_t length : {1U, 64U, 250U}) {
+    folder.write(std::string(length, 'd') + "/file", "");
+    std::filesystem::current_path(folder.path(std::string(length, 'd')));
     Path path("x/y");
     path.addcwd();
     EXPECT_EQ(path.get(), std::filesystem::current_path().string() + "/x/y");
   }
-  Path absolute("/x");
-  absolute.addcwd();
-  EXPECT_STREQ(absolute.get(), "/x");
-}
-
-TEST(PathTest, AddcwdReportsALostDirectory) {
-  const TempFolder folder;
-  folder.write("gone/file", "");
-  const Elsewhere elsewhere(folder.path("gone"));
-  std::filesystem::remove_all(folder.path("gone"));
+  std::filesystem::remove_all(folder.path());
   Path path("x");
   testing::internal::CaptureStderr();
   path.addcwd();
   EXPECT_EQ(testing::internal::GetCapturedStderr(),
             "Error! unable to determine current directory: No such file or directory\n");
   EXPECT_STREQ(path.get(), "x");
+  std::filesystem::current_path(old);
 }
 
-TEST(StringListTest, SplitDropsEmptyPieces) {
-  struct Case {
-    const char* input;
-    const char* expected;  // the number of pieces, and each behind a blank
-  };
-  const Case cases[] = {
-      {"", "0"},          {":", "0"},        {":::", "0"},         {"a", "1 a"},
-      {"a::b:", "2 a b"}, {":a:b", "2 a b"}, {"a b:c", "2 a b c"}, {"ab:cd:e", "3 ab cd e"},
-  };
-  for (const Case& row : cases) {
-    StringList list;
-    std::string shown = std::to_string(list.Split(row.input, ':'));
-    const char* piece = list.getFirstString();
-    for (; piece != nullptr; piece = list.getNextString()) shown += std::string(" ") + piece;
-    EXPECT_EQ(shown, row.expected) << row.input;
-  }
-}
-
-TEST(StringListTest, SplitAddsToTheList) {
+TEST(StringListTest, SplitAddsThePiecesThatAreNotEmpty) {
   StringList list;
-  EXPECT_EQ(list.Split("a", ':'), 1);
-  EXPECT_EQ(list.Split("b:c", ':'), 2);
-  EXPECT_STREQ(list.getFirstString(), "a");
-  EXPECT_STREQ(list.getNextString(), "b");
+  EXPECT_EQ(list.Split("", ':'), 0);
+  EXPECT_EQ(list.Split("::", ':'), 0);
+  EXPECT_EQ(list.getFirstString(), nullptr);
+  EXPECT_EQ(list.Split("ab::c:", ':'), 2);
+  EXPECT_EQ(list.Split(":d e", ':'), 1);
+  std::string shown;
+  const char* piece = list.getFirstString();
+  for (; piece != nullptr; piece = list.getNextString()) shown += std::string("|") + piece;
+  EXPECT_EQ(shown, "|ab|c|d e");
 }
 
 TEST(StringArrayTest, KeepsCopiesBeyondItsFirstCapacity) {

@@ -2,7 +2,11 @@
 #ifndef QORN_TESTS_SCANNERPROBE_H
 #define QORN_TESTS_SCANNERPROBE_H
 
+#include <string>
+#include <string_view>
+
 #include "scanner/vhdlscanner.h"
+#include "tokendump.h"
 
 class ScannerProbe : public VhdlScanner {
  public:
@@ -37,6 +41,83 @@ class ScannerProbe : public VhdlScanner {
   static const char* blockCommentCharacters(VhdlScanner& scanner) {
     return scanner.blockCommentCharacters;
   }
+
+  // --- Fixtures: the list in hand ---
+
+  /** Reads a source to the end of the list; the anchor is on the first token. */
+  void scan(std::string_view source) {
+    lexInto(list(), source);
+    list().getFirst();
+  }
+  /** Scans and runs the passes, as for a file. */
+  void layOut(std::string_view source) {
+    scan(source);
+    if (keepIndentation == 1) KeepIndentation();
+    Format();
+    LineBreak();
+  }
+  OldList& list() { return tokenList(*this); }
+  VhdlToken* token() { return anchorToken(); }
+  /** Puts the anchor on the count-th token of that code, on none if there are not so many. */
+  void at(int typ, int count = 1) {
+    list().getFirst();
+    while (token() != nullptr && (token()->getTyp() != typ || --count > 0)) stepForward();
+  }
+  /** Replaces what the anchor token prints. */
+  void prints(std::string_view text) { token()->setFormatText(text); }
+  void stamp(int columns) { token()->setIndent(columns); }
+
+  /** The list as one line: "[ ]" is a blank, "$" a line end and "!" one that prints nothing, "#"
+      the end; what a pass inserted stands in "<>"; the anchor token has a "^" before it. */
+  std::string shows() {
+    std::string line;
+    const OldListRefItem* anchor = list().getAnchorNode();
+    const AnchorGuard guard(list());
+    for (list().getFirst(); token() != nullptr; stepForward()) {
+      const bool isInserted = token()->getLineNo() == 0;
+      std::string text(token()->viewText(1));
+      if (token()->getTyp() == T_NEWLINE) text = text.empty() ? "!" : "$";
+      if (token()->getTyp() == T_EOF) text = "#";
+      const bool isBlank = token()->getTyp() == T_WHITESPACE;
+      const std::string_view marks = isInserted ? "<>" : isBlank ? "[]" : "";
+      if (list().getAnchorNode() == anchor) line += '^';
+      line.append(marks.substr(0, 1)).append(text).append(marks.substr(marks.empty() ? 0 : 1));
+    }
+    return line;
+  }
+  /** What is written, but for tabs: every token formatted, or with 0 its source text. */
+  std::string printed(int formatted = 1) {
+    std::string text;
+    const AnchorGuard guard(list());
+    for (list().getFirst(); token() != nullptr; stepForward()) {
+      const bool isSentinel = token()->getLineNo() == 0 && !token()->viewText(0).empty();
+      if (!isSentinel) text += token()->getCaseText(formatted, formatted);
+    }
+    return text;
+  }
+  int countIndents() const { return indentStack.getDepth(); }
+  LineRuler& lineRuler() { return ruler; }
+
+  // clang-format off
+  using VhdlScanner::commentColumn;       using VhdlScanner::commentStartColumn;
+  using VhdlScanner::deleteNewline;       using VhdlScanner::determineContext;
+  using VhdlScanner::extendComments;      using VhdlScanner::Format;
+  using VhdlScanner::frameBlockComments;  using VhdlScanner::getColumn;
+  using VhdlScanner::identLength;         using VhdlScanner::inConfiguration;
+  using VhdlScanner::indent;              using VhdlScanner::indentation;
+  using VhdlScanner::IndentLine;          using VhdlScanner::indentUnlessLabelled;
+  using VhdlScanner::KeepIndentation;     using VhdlScanner::LineBreak;
+  using VhdlScanner::lineWidth;           using VhdlScanner::LookForward;
+  using VhdlScanner::nextIs;              using VhdlScanner::nextIsComment;
+  using VhdlScanner::popIndent;           using VhdlScanner::popTokenIndent;
+  using VhdlScanner::prevIs;              using VhdlScanner::prevIsLabel;
+  using VhdlScanner::prevIsNewline;       using VhdlScanner::setIdentifierIndent;
+  using VhdlScanner::setIndent;           using VhdlScanner::setNextNewline;
+  using VhdlScanner::setNextSpaces;       using VhdlScanner::setPrevNewline;
+  using VhdlScanner::setPrevSpaces;       using VhdlScanner::setTokenIndent;
+  using VhdlScanner::singleSpace;         using VhdlScanner::statementClosed;
+  using VhdlScanner::StatementClosed;     using VhdlScanner::style;
+  // clang-format on
 };
 
 #endif

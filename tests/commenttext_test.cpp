@@ -1,0 +1,136 @@
+// The text of one comment: frames, filler, splitting. The line has 20 columns.
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "tokens/vhdltoken.h"
+
+namespace {
+
+constexpr int width = 20;
+constexpr const char* frameCharacters = "-=*";
+
+VhdlToken comment(const char* text, int column) {
+  VhdlToken token(T_COMMENT, 1, 0, text);
+  token.setIndent(column);
+  return token;
+}
+
+TEST(CommentText, AlignComment) {
+  struct Case {
+    const char* name;
+    const char* input;
+    int column;
+    const char* expected;
+    const char* framed;  // null: the same
+  };
+  static constexpr Case cases[] = {
+      {"a line", "----", 0, "--------------------", nullptr},
+      {"a line further right", "----", 15, "-----", nullptr},
+      {"a line of equals signs", "--====", 4, "--==============", nullptr},
+      {"too short for a line", "---", 0, "---", nullptr},
+      {"a bare mark", "--", 0, "--", nullptr},
+      {"a filled title", "-- Title ======", 0, "-- Title ===========", nullptr},
+      {"a framed title", "-- Title --", 0, "-- Title", "-- Title          --"},
+      {"the same with room", "-- Title      --", 0, "-- Title", "-- Title          --"},
+      {"no blank before the pair", "-- Title--", 0, "-- Title", "-- Title          --"},
+      {"stars stay", "-- Title **", 2, "-- Title**", "-- Title        **"},
+      {"three of them", "-- Title ===", 0, "-- Title ===", "-- Title =        =="},
+      {"nothing inside", "--  --", 0, "--", "--                --"},
+      {"stars behind the mark", "--**", 0, "--**", "--                **"},
+      {"of two kinds", "-- Title -=", 0, "-- Title -=", nullptr},
+      {"of no frame character", "-- Title ##", 0, "-- Title ##", nullptr},
+      {"as wide as the line", "-- Titled and all --", 0, "-- Titled and all",
+       "-- Titled and all --"},
+      {"wider than the line", "-- Titled and all- --", 0, "-- Titled and all- --", nullptr},
+      {"wider by its column", "-- Title ======", 6, "-- Title ======", nullptr},
+      {"as wide by its column", "-- Title ======", 5, "-- Title ======", nullptr},
+  };
+  for (const Case& row : cases) {
+    for (int frame = 0; frame <= 1; ++frame) {
+      SCOPED_TRACE(std::string(row.name) + (frame == 1 ? ", framed" : ""));
+      VhdlToken token = comment(row.input, row.column);
+      token.alignComment(width, frameCharacters, frame);
+      EXPECT_EQ(token.viewText(1), frame == 1 && row.framed ? row.framed : row.expected);
+      EXPECT_EQ(token.viewText(0), row.input);
+    }
+  }
+}
+
+TEST(CommentText, TrimmComment) {
+  struct Case {
+    const char* name;
+    const char* input;
+    const char* pair;
+    int column;
+    const char* expected;
+  };
+  static constexpr Case cases[] = {
+      {"a line", "------------------------------", "--", 0, "--------------------"},
+      {"a line further right", "------------------------------", "--", 8, "------------"},
+      {"as wide as the line", "--------------------", "--", 0, "--------------------"},
+      {"a filled title", "-- Title =====================", "==", 0, "-- Title ==========="},
+      {"a title beyond the margin", "-- A longer title xyz   ==", "==", 0,
+       "-- A longer title xyz =="},
+      {"and without a blank", "-- A longer title xyz==", "==", 0, "-- A longer title xyz=="},
+      {"a title that ends in the last columns", "-- A longer title    **", "**", 0,
+       "-- A longer title **"},
+      {"it fits", "-- Title    --", "--", 0, "-- Title    --"},
+      {"another pair", "-- A longer title xyz   ==", "--", 0, "-- A longer title xyz   =="},
+      {"no room at all", "------", "--", 30, "----"},
+  };
+  for (const Case& row : cases) {
+    SCOPED_TRACE(row.name);
+    VhdlToken token = comment(row.input, row.column);
+    token.trimmComment(width, row.pair);
+    EXPECT_EQ(token.viewText(1), row.expected);
+  }
+}
+
+TEST(CommentText, StripComment) {
+  struct Case {
+    const char* name;
+    const char* input;
+    int column;
+    const char* expected;
+    const char* rest;  // null: the comment stays whole
+  };
+  static constexpr Case cases[] = {
+      {"it fits", "-- one two three fou", 0, "-- one two three fou", nullptr},
+      {"at the last blank", "-- one two three four", 0, "-- one two three", "-- four"},
+      {"a blank just behind the margin", "-- one two three fou r", 0, "-- one two three fou",
+       "-- r"},
+      {"further right", "-- one two three four", 5, "-- one two", "-- three four"},
+      {"of several blanks the last", "-- one two three  four", 0, "-- one two three ", "-- four"},
+      {"with a pair", "-- one two three four ==", 0, "-- one two three ==", "-- four =="},
+      {"a pair that gives way", "-- one two three    ----------", 0, "-- one two three  --",
+       nullptr},
+      {"a line", "------------------------------", 0, "--------------------", nullptr},
+      {"one long word", "-- word-without-any-place", 0, "-- word-without-any-place", nullptr},
+      {"no blank at all", "--word-without-any-place-", 0, "--word-without-any-place-", nullptr},
+      {"a blank behind the mark's", "--  word-without-any-place", 0, "-- ",
+       "-- word-without-any-place"},
+      {"another mark", "--! one two three four", 0, "--! one two three", "-- four"},
+      {"no column left", "-- a b", 20, "-- a b", nullptr},
+      {"none beside the pair", "-- a b c --", 17, "-- a b c --", nullptr},
+  };
+  for (const Case& row : cases) {
+    SCOPED_TRACE(row.name);
+    VhdlToken token = comment(row.input, row.column);
+    const DynString* rest = token.stripComment(width, frameCharacters);
+    EXPECT_EQ(token.viewText(1), row.expected);
+    EXPECT_EQ(rest == nullptr ? "(whole)" : rest->get(),
+              std::string(row.rest == nullptr ? "(whole)" : row.rest));
+    EXPECT_EQ(token.viewText(0), row.input);
+  }
+}
+
+TEST(CommentText, OtherTokensStay) {
+  VhdlToken token(T_IDENTIFIER, 1, 0, "a b c d e f g h i j k l --");
+  token.alignComment(40, frameCharacters, 1);
+  token.trimmComment(width, "--");
+  EXPECT_EQ(token.stripComment(width, frameCharacters), nullptr);
+  EXPECT_FALSE(token.isFormatted());
+}
+
+}  // namespace

@@ -94,11 +94,15 @@ TEST(StringArrayTest, KeepsCopiesBeyondItsFirstCapacity) {
   StringArray array;
   EXPECT_EQ(array.getFirstString(), nullptr);
   EXPECT_EQ(array.getNextString(), nullptr);
-  for (int i = 0; i < 9; ++i) array.addString(std::to_string(i).c_str());
-  std::string shown;
-  const char* text = array.getFirstString();
-  for (; text != nullptr; text = array.getNextString()) shown += text;
-  EXPECT_EQ(shown, "012345678");
+  std::string expected;
+  for (int i = 0; i < 9; ++i) {
+    array.addString(std::to_string(i).c_str());
+    expected += std::to_string(i);
+    std::string shown;
+    const char* text = array.getFirstString();
+    for (; text != nullptr; text = array.getNextString()) shown += text;
+    EXPECT_EQ(shown, expected);
+  }
   EXPECT_EQ(array.getNextString(), nullptr);
   EXPECT_STREQ(array.getFirstString(), "0");
 }

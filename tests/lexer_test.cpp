@@ -1,0 +1,301 @@
+// The lexer: sources and their tokens, one line each.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cctype>
+#include <string>
+
+#include "tokendump.h"
+
+namespace {
+
+struct Case {
+  const char* name;
+  std::string input;
+  const char* expected;
+};
+
+/** The tokens of a source on its own, without the T_EOF that ends every list. */
+std::string lexed(std::string_view source, int formatted = 0) {
+  OldList list;
+  lexInto(list, source);
+  const std::string line = dump(list, formatted);
+  EXPECT_TRUE(line.ends_with("EOF")) << line;
+  return line.substr(0, line.size() - std::min<std::size_t>(line.size(), 4));
+}
+
+template <std::size_t count>
+void check(const Case (&cases)[count]) {
+  for (const Case& row : cases) EXPECT_EQ(lexed(row.input), row.expected) << row.name;
+}
+
+TEST(LexerTest, Words) {
+  check({
+      {"nothing", "", ""},
+      {"any case", "END end eNd", "END(END) WHITESPACE( ) END(end) WHITESPACE( ) END(eNd)"},
+      {"longer than a word", "endif", "IDENTIFIER(endif)"},
+      {"a word's parts", "end_x", "IDENTIFIER(end_x)"},
+      {"a word and an attribute", "active'active", "ACTIVE(active) ATTRIBUTE_NAME('active)"},
+      {"closing underline", "foo_", "IDENTIFIER(foo) UNKNOWN(_)"},
+      {"double underline", "f__b", "IDENTIFIER(f) UNKNOWN(_) UNKNOWN(_) IDENTIFIER(b)"},
+      {"leading underline", "_foo", "UNKNOWN(_) IDENTIFIER(foo)"},
+      {"underlines inside", "a_1_b", "IDENTIFIER(a_1_b)"},
+      {"beyond ASCII", "a\xe4z", "IDENTIFIER(a) UNKNOWN(\\xe4) IDENTIFIER(z)"},
+      {"extended", "\\a b\"--'(%\\x", "IDENTIFIER(\\a b\"--'(%\\) IDENTIFIER(x)"},
+      {"extended, two", "\\a\\\\b\\", "IDENTIFIER(\\a\\) IDENTIFIER(\\b\\)"},
+      {"extended, empty", "\\\\", "UNKNOWN(\\) UNKNOWN(\\)"},
+      {"extended, empty but one ahead", "\\\\a\\", "UNKNOWN(\\) IDENTIFIER(\\a\\)"},
+      {"extended, over lines", "\\a\r\n\\b", "IDENTIFIER(\\a\\r\\n\\) IDENTIFIER(b)"},
+      {"extended, open", "\\a\n", "UNKNOWN(\\) IDENTIFIER(a) NEWLINE"},
+      {"extended, open at the end", "\\a", "UNKNOWN(\\) IDENTIFIER(a)"},
+  });
+}
+
+TEST(LexerTest, EveryReservedWordAndNoOther) {
+  struct Word {
+    std::string text;
+    int typ;
+  };
+  const Word words[] = {
+#define QORN_WORD(name, code, word) {word, code},
+#define QORN_CODE(name, code, group)
+#include "tokens/tokencodes.def"
+  };
+  EXPECT_EQ(std::size(words), 98U);
+  const auto isWord = [&words](const std::string& text) {
+    return std::ranges::any_of(words, [&text](const Word& word) { return word.text == text; });
+  };
+  for (const Word& word : words) {
+    std::string upper = word.text;
+    for (char& letter : upper) letter = static_cast<char>(std::toupper(letter));
+    EXPECT_EQ(lexed(upper), tokenName(word.typ) + "(" + upper + ")");
+    EXPECT_EQ(findReservedWord(word.text), word.typ);
+    for (std::size_t i = 0; i < word.text.size(); ++i) {
+      for (const char letter : std::string("aez_0\xe5")) {
+        std::string other = word.text;
+        other[i] = letter;
+        if (isWord(other)) continue;
+        EXPECT_EQ(findReservedWord(other), -1) << other;
+      }
+    }
+  }
+}
+
+TEST(LexerTest, Numbers) {
+  check({
+      {"no separator behind", "10ns", "DECIMAL(10) IDENTIFIER(ns)"},
+      {"underline", "1_0_0", "DECIMAL(1_0_0)"},
+      {"closing underline", "1_", "DECIMAL(1) UNKNOWN(_)"},
+      {"closing point", "1.", "DECIMAL(1) DOT(.)"},
+      {"two points", "1.2.3", "DECIMAL(1.2) DOT(.) DECIMAL(3)"},
+      {"negative exponent", "1.5e-3", "DECIMAL(1.5e-3)"},
+      {"negative, no fraction", "1e-3", "DECIMAL(1) IDENTIFIER(e) DELIMITER(-) DECIMAL(3)"},
+      {"positive", "1e+3 1E3_0", "DECIMAL(1e+3) WHITESPACE( ) DECIMAL(1E3_0)"},
+      {"exponent without digits", "1.5E", "DECIMAL(1.5) IDENTIFIER(E)"},
+      {"exponent with a sign alone", "1e+", "DECIMAL(1) IDENTIFIER(e) DELIMITER(+)"},
+      {"based", "16#F_f.a#", "BASED(16#F_f.a#)"},
+      {"based, exponents", "16#F#E-2_0 2#1#e+3", "BASED(16#F#E-2_0) WHITESPACE( ) BASED(2#1#e+3)"},
+      {"based, digit above the base", "2#9#", "BASED(2#9#)"},
+      {"based, half an exponent", "2#1#e+", "BASED(2#1#) IDENTIFIER(e) DELIMITER(+)"},
+      {"based, open", "16#FF", "DECIMAL(16) UNKNOWN(#) IDENTIFIER(FF)"},
+      {"based, empty", "1##", "DECIMAL(1) UNKNOWN(#) UNKNOWN(#)"},
+      {"based, empty fraction", "1#2.#", "DECIMAL(1) UNKNOWN(#) DECIMAL(2) DOT(.) UNKNOWN(#)"},
+      {"based, underline at the end", "1#2_#",
+       "DECIMAL(1) UNKNOWN(#) DECIMAL(2) UNKNOWN(_) UNKNOWN(#)"},
+      {"colons", "1:2: 8:7.7:e-1", "BASED(1:2:) WHITESPACE( ) BASED(8:7.7:e-1)"},
+      {"colons, open", "1:2", "DECIMAL(1) COLON(:) DECIMAL(2)"},
+      {"colons, three", "1:2:3:", "BASED(1:2:) DECIMAL(3) COLON(:)"},
+      {"marks mixed", "1:2#", "DECIMAL(1) COLON(:) DECIMAL(2) UNKNOWN(#)"},
+      {"a colon and an assignment", "1:=2", "DECIMAL(1) VARASSIGN(:=) DECIMAL(2)"},
+      {"bit strings", "X\"aF_0\"o%17%b\"1_0\"",
+       "BITSTRING(X\"aF_0\") BITSTRING(o%17%) BITSTRING(b\"1_0\")"},
+      {"bit string, underline at the end", "X\"AB_\"", "IDENTIFIER(X) STRING(\"AB_\")"},
+      {"bit string, empty", "X\"\"", "IDENTIFIER(X) STRING(\"\")"},
+      {"bit string, wrong digit", "O\"18\"B\"2\"",
+       "IDENTIFIER(O) STRING(\"18\") IDENTIFIER(B) STRING(\"2\")"},
+      {"bit string, other prefix", "ax\"1\"", "IDENTIFIER(ax) STRING(\"1\")"},
+      {"bit string, marks mixed", "x\"1%", "IDENTIFIER(x) UNKNOWN(\") DECIMAL(1) UNKNOWN(%)"},
+  });
+}
+
+TEST(LexerTest, StringsAndTicks) {
+  check({
+      {"strings", "\"a--b\"%c\"d%", "STRING(\"a--b\") STRING(%c\"d%)"},
+      {"doubled quotes", "\"\"\"\" %%%%", "STRING(\"\"\"\") WHITESPACE( ) STRING(%%%%)"},
+      {"falls back to what was complete", "\"a\"\"b\n",
+       "STRING(\"a\") UNKNOWN(\") IDENTIFIER(b) NEWLINE"},
+      {"falls back at the end", "\"a\"\"\"\"", "STRING(\"a\"\"\") UNKNOWN(\")"},
+      {"open", "\"a b", "UNKNOWN(\") IDENTIFIER(a) WHITESPACE( ) IDENTIFIER(b)"},
+      {"open over a line end", "%a\n%", "UNKNOWN(%) IDENTIFIER(a) NEWLINE UNKNOWN(%)"},
+      {"control characters inside", "\"\t\r\v\"", "STRING(\"\\t\\r\\v\")"},
+      {"two ticks", "''", "DELIMITER(') DELIMITER(')"},
+      {"three ticks", "'''", "CHARACTER(''')"},
+      {"tab between ticks", "'\t'", "CHARACTER('\\t')"},
+      {"any byte between ticks", "'\xff''\r'", "CHARACTER('\\xff') CHARACTER('\\r')"},
+      {"line end between ticks", "'\n'", "DELIMITER(') NEWLINE DELIMITER(')"},
+      {"tick before a name", "a'foo", "IDENTIFIER(a) DELIMITER(') IDENTIFIER(foo)"},
+      {"tick before a list", "t'(a)",
+       "IDENTIFIER(t) DELIMITER(') LPAREN(() IDENTIFIER(a) RPAREN())"},
+      {"qualified literal", "t'('1')", "IDENTIFIER(t) TICK(') LPAREN(() CHARACTER('1') RPAREN())"},
+      {"literal of a parenthesis", "'('1", "CHARACTER('(') DECIMAL(1)"},
+      {"literal of a parenthesis at the end", "'('", "CHARACTER('(')"},
+      {"qualified literal, cut off", "'('1", "CHARACTER('(') DECIMAL(1)"},
+      {"the first qualified literal wins", "'(',')'",
+       "TICK(') LPAREN(() CHARACTER(',') RPAREN()) DELIMITER(')"},
+      {"qualified line end", "'('\n'", "CHARACTER('(') NEWLINE DELIMITER(')"},
+      {"tick at the end", "a'", "IDENTIFIER(a) DELIMITER(')"},
+      {"tick and parenthesis at the end", ")'(", "RPAREN()) DELIMITER(') LPAREN(()"},
+  });
+}
+
+TEST(LexerTest, Attributes) {
+  for (const std::string name :
+       {"DRIVING_VALUE", "DRIVING",     "ASCENDING",     "IMAGE",  "VALUE",      "PATH_NAME",
+        "INSTANCE_NAME", "SIMPLE_NAME", "BASE",          "LEFT",   "RIGHT",      "HIGH",
+        "LOW",           "POS",         "VAL",           "SUCC",   "PRED",       "LEFTOF",
+        "RIGHTOF",       "RANGE",       "REVERSE_RANGE", "LENGTH", "DELAYED",    "STABLE",
+        "QUIET",         "TRANSACTION", "EVENT",         "ACTIVE", "LAST_EVENT", "LAST_ACTIVE",
+        "LAST_VALUE",    "BEHAVIOR",    "STRUCTURE"}) {
+    EXPECT_EQ(lexed("'" + name), "ATTRIBUTE_NAME('" + name + ")");
+    EXPECT_EQ(lexed("'" + name + "x1"), "ATTRIBUTE_NAME('" + name + ") IDENTIFIER(x1)");
+  }
+  check({
+      {"lower case", "a'Left_", "IDENTIFIER(a) ATTRIBUTE_NAME('Left) UNKNOWN(_)"},
+      {"a prefix of a name", "'drivin 'va",
+       "DELIMITER(') IDENTIFIER(drivin) WHITESPACE( ) "
+       "DELIMITER(') IDENTIFIER(va)"},
+      {"the longest name", "'driving_valu", "ATTRIBUTE_NAME('driving) UNKNOWN(_) IDENTIFIER(valu)"},
+      {"apart from its tick", "'\v\n\n\f low", "ATTRIBUTE_NAME('\\v\\n\\n\\f low)"},
+      {"apart by a carriage return", "'\rlow", "DELIMITER(') IDENTIFIER(low)"},
+      {"tick before blanks", "' \nx", "DELIMITER(') WHITESPACE( ) NEWLINE IDENTIFIER(x)"},
+      {"tick before blanks at the end", "' \n", "DELIMITER(') WHITESPACE( ) NEWLINE"},
+      {"a character literal first", "'a'active'b'", "CHARACTER('a') ACTIVE(active) CHARACTER('b')"},
+  });
+  EXPECT_EQ(lexed("' \n\tlow", 1), "ATTRIBUTE_NAME('\\nlow)");
+}
+
+TEST(LexerTest, CommentsAndLineEnds) {
+  check({
+      {"behind a name", "a--b--c", "IDENTIFIER(a) COMMENT(--b--c)"},
+      {"empty", "--\n--", "COMMENT(--) NEWLINE COMMENT(--)"},
+      {"pragmas", "--QORN-ON\n--qorn-off\n--Qorn-Indent-On\n--QORN-INDENT-OFF",
+       "FORMAT_ON(--QORN-ON) NEWLINE FORMAT_OFF(--qorn-off) NEWLINE "
+       "INDENT_ON(--Qorn-Indent-On) NEWLINE INDENT_OFF(--QORN-INDENT-OFF)"},
+      {"pragmas with more behind", "--QORN-OFFICE\t\xe4\n--QORN-ONE",
+       "FORMAT_OFF(--QORN-OFFICE\\t\\xe4) NEWLINE FORMAT_ON(--QORN-ONE)"},
+      {"nearly pragmas", "-- QORN-ON\n--QORN-INDENT\n--QORN_ON\n--QORN-O",
+       "COMMENT(-- QORN-ON) NEWLINE COMMENT(--QORN-INDENT) NEWLINE COMMENT(--QORN_ON) NEWLINE "
+       "COMMENT(--QORN-O)"},
+      {"carriage returns", "a\r\n--b\r\n\r--c\rd\r",
+       "IDENTIFIER(a) NEWLINE COMMENT(--b) NEWLINE "
+       "COMMENT(--c) IDENTIFIER(d)"},
+      {"blanks", " \t\v\f\n \n", "WHITESPACE(    \\v\\f) NEWLINE WHITESPACE( ) NEWLINE"},
+  });
+}
+
+TEST(LexerTest, PunctuationAndOtherBytes) {
+  check({
+      {"compounds", ":==><=<>/=>=**",
+       "VARASSIGN(:=) ARROW(=>) SIGASSIGN(<=) BOX(<>) "
+       "NOTEQUAL(/=) GREATEREQ(>=) POWER(**)"},
+      {"single ones", ";:,.=[]",
+       "SEMICOLON(;) COLON(:) COMMA(,) DOT(.) EQUAL(=) LBRACKET([) "
+       "RBRACKET(])"},
+      {"delimiters", "&*+-/><|",
+       "DELIMITER(&) DELIMITER(*) DELIMITER(+) DELIMITER(-) "
+       "DELIMITER(/) DELIMITER(>) DELIMITER(<) DELIMITER(|)"},
+      {"longest first", "***<<=>",
+       "POWER(**) DELIMITER(*) DELIMITER(<) SIGASSIGN(<=) DELIMITER(>)"},
+      {"both bars", "!|", "BAR(|) DELIMITER(|)"},
+      {"unknown", "#$?@^`{}~\x01\x7f\x80",
+       "UNKNOWN(#) UNKNOWN($) UNKNOWN(?) UNKNOWN(@) UNKNOWN(^) "
+       "UNKNOWN(`) UNKNOWN({) UNKNOWN(}) UNKNOWN(~) UNKNOWN(\\x01) UNKNOWN(\\x7f) UNKNOWN(\\x80)"},
+      {"a zero alone", std::string("a\0b", 3), "IDENTIFIER(a) UNKNOWN IDENTIFIER(b)"},
+      {"a zero in a string", std::string("\"a\0b\"c", 6), "STRING(\"a) IDENTIFIER(c)"},
+      {"a zero in a comment", std::string("--a\0b\n", 6), "COMMENT(--a) NEWLINE"},
+      {"a zero in a literal", std::string("'\0'", 3), "CHARACTER(')"},
+  });
+}
+
+TEST(LexerTest, ExpandsTabsOfBlanksCommentsAndAttributes) {
+  struct TabCase {
+    const char* name;
+    std::string input;
+    int tabSize;
+    const char* expected;
+  };
+  const TabCase cases[] = {
+      {"at 0, 1, 3 and 4", "\t|a\t\n   \t\n\t\t", 4,
+       "WHITESPACE(    ) DELIMITER(|) IDENTIFIER(a) "
+       "WHITESPACE(  ) NEWLINE WHITESPACE(    ) NEWLINE WHITESPACE(        )"},
+      {"in a comment", "a\t--x\t.\t", 4, "IDENTIFIER(a) WHITESPACE(   ) COMMENT(--x .   )"},
+      {"a tab in a string is one column", "\"\t\"\t--", 4,
+       "STRING(\"\\t\") WHITESPACE( ) COMMENT(--)"},
+      {"a tab in a pragma stays", "--QORN-ON\t", 4, "FORMAT_ON(--QORN-ON\\t)"},
+      {"in an attribute, over its lines", "a'\n\tlow\tb", 4,
+       "IDENTIFIER(a) ATTRIBUTE_NAME('\\n low) WHITESPACE( ) IDENTIFIER(b)"},
+      {"carriage returns are no columns", "\ra\r\tb", 4,
+       "IDENTIFIER(a) WHITESPACE(   ) IDENTIFIER(b)"},
+      {"other blanks are one column", "\v\f\t.", 4, "WHITESPACE(\\v\\f  ) DOT(.)"},
+      {"the bar is one column", "!\t.", 4, "BAR(|) WHITESPACE(   ) DOT(.)"},
+      {"size 8", "a\t.", 8, "IDENTIFIER(a) WHITESPACE(       ) DOT(.)"},
+      {"size 1", "a\t\t.", 1, "IDENTIFIER(a) WHITESPACE(  ) DOT(.)"},
+      {"size 0 acts as 1", "a\t\t.", 0, "IDENTIFIER(a) WHITESPACE(  ) DOT(.)"},
+  };
+  for (const TabCase& row : cases) {
+    OldList list;
+    lexInto(list, row.input, row.tabSize);
+    EXPECT_EQ(dump(list), std::string(row.expected) + " EOF") << row.name;
+  }
+}
+
+/** Line and level of each token, the lines counted from `firstLine`. */
+std::string places(OldList& list, int firstLine) {
+  std::string line;
+  for (OldListItem* item = list.getFirst(); item != nullptr; item = list.getNext()) {
+    const auto* token = static_cast<VhdlToken*>(item);
+    line += tokenName(token->getTyp()) + ":" + std::to_string(token->getLineNo() - firstLine) +
+            "/" + std::to_string(token->getParenLevel()) + " ";
+  }
+  return line;
+}
+
+TEST(LexerTest, LinesAndLevelsRunOnFromFileToFile) {
+  OldList lists[4];
+  lexInto(lists[0], "");
+  const auto* start = static_cast<VhdlToken*>(lists[0].getFirst());
+  const int line = start->getLineNo();
+  EXPECT_EQ(start->getParenLevel(), 0);
+  lexInto(lists[1], "a([b\n(c))(\n'\nlow;");
+  EXPECT_EQ(places(lists[1], line),
+            "IDENTIFIER:0/0 LPAREN:0/1 LBRACKET:0/1 IDENTIFIER:0/1 NEWLINE:0/1 LPAREN:1/2 "
+            "IDENTIFIER:1/2 RPAREN:1/2 RPAREN:1/1 LPAREN:1/1 NEWLINE:1/1 ATTRIBUTE_NAME:2/1 "
+            "SEMICOLON:2/1 EOF:2/1 ");
+  lexInto(lists[2], "))\n)");
+  EXPECT_EQ(places(lists[2], line), "RPAREN:2/1 RPAREN:2/0 NEWLINE:2/-1 RPAREN:3/-1 EOF:3/-2 ");
+  lexInto(lists[3], "((");
+  EXPECT_EQ(places(lists[3], line), "LPAREN:3/-1 LPAREN:3/0 EOF:3/0 ");
+}
+
+// A rule that scans ahead and fails must not do so again a few bytes on: this would then take
+// hours.
+TEST(LexerTest, ScansHostileInputsOnce) {
+  const std::string shapes[] = {"\\",    "\\\"", "\"",   "\"%",   "%\"%\"", "\"\"x",   "'",
+                                "' ",    "'\n",  "'()",  "1#aaa", "1:1",    "1_",      "1.",
+                                "1.1e-", "x\"1", "x%1_", "--\r",  "'last_", "--QORN-", "aaa_"};
+  constexpr std::size_t size = 1 << 20;
+  for (const std::string& shape : shapes) {
+    std::string source;
+    while (source.size() < size) source += shape;
+    OldList list;
+    lexInto(list, source);
+    std::string joined;
+    for (OldListItem* item = list.getFirst(); item != nullptr; item = list.getNext()) {
+      joined += static_cast<VhdlToken*>(item)->viewText(0);
+    }
+    if (shape == "--\r") std::erase(source, '\r');
+    EXPECT_TRUE(joined == source) << visible(shape);
+  }
+}
+
+}  // namespace

@@ -1,0 +1,121 @@
+// The token record: its two texts, the case styles and the priority of a line break.
+#include "tokens/vhdltoken.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "confignames.h"
+#include "tokendump.h"
+
+namespace {
+
+TEST(VhdlTokenTest, PrintsItsFormatTextOnceOneWasSet) {
+  VhdlToken token(T_IDENTIFIER, 7, 2, "raw");
+  EXPECT_STREQ(token.getText(1), "raw");
+  token.setTextIfUnformatted("");
+  EXPECT_STREQ(token.getText(1), "");
+  token.setTextIfUnformatted("too late");
+  token.setText("new");
+  EXPECT_STREQ(token.getText(1), "");
+  EXPECT_STREQ(token.getText(0), "new");
+  EXPECT_EQ(token.textLength(0), 3);
+  token.setFormatText(" a  \n b ");
+  token.deleteSpaces();
+  const VhdlToken copy(token);
+  token.setFormatBlanks(20);
+  token.setText("gone");
+  EXPECT_STREQ(copy.getFormatText(), "a\nb");
+  EXPECT_STREQ(copy.getText(0), "new");
+  EXPECT_EQ(copy.getLineNo(), 7);
+  EXPECT_EQ(copy.getParenLevel(), 2);
+  EXPECT_EQ(token.viewText(1), std::string(20, ' '));
+  token.setFormatBlanks(-1);
+  EXPECT_STREQ(token.getText(1), "");
+}
+
+TEST(VhdlTokenTest, ConvertsAsciiLettersAlone) {
+  struct Case {
+    int style;
+    const char* input;
+    const char* expected;
+  };
+  const char* const longName = "\\aZ_\xe4\xc4@[`{ and more than fits into the object_x\\";
+  const Case cases[] = {
+      {C_UPPERCASE, "aZ_\xe4\xc4@[`{/", "AZ_\xe4\xc4@[`{/"},
+      {C_LOWERCASE, "aZ_\xe4\xc4@[`{/", "az_\xe4\xc4@[`{/"},
+      {C_UPPERCASE, longName, "\\AZ_\xe4\xc4@[`{ AND MORE THAN FITS INTO THE OBJECT_X\\"},
+      {C_LOWERCASE, longName, "\\az_\xe4\xc4@[`{ and more than fits into the object_x\\"},
+      {C_ASIS, "aZ", "aZ"},
+      {C_TRUE, "aZ", "aZ"},
+      {-1, "aZ", "aZ"},
+      {C_CAPITALIZED, "", ""},
+      {C_CAPITALIZED, "mY_SIGNAL_x1", "My_signal_x1"},
+      {C_CAPITALIZED, "'LAST_EVENT", "'last_event"},
+      {C_CAPITALIZED, "a", "A"},
+      {C_CAPITALIZEAFTERUNDERSCORE, "", ""},
+      {C_CAPITALIZEAFTERUNDERSCORE, "my_SIGNAL_x1", "My_Signal_X1"},
+      {C_CAPITALIZEAFTERUNDERSCORE, "'LAST_EVENT", "'last_Event"},
+      {C_CAPITALIZEAFTERUNDERSCORE, "a__b_", "A__B_"},
+      {C_CAPITALIZEAFTERUNDERSCORE, "a_very_long_identifier_x", "A_Very_Long_Identifier_X"},
+  };
+  for (const Case& row : cases) {
+    const VhdlToken token(T_IDENTIFIER, 1, 0, row.input);
+    EXPECT_EQ(token.getUpperLowerText(1, row.style), row.expected) << codeName(row.style);
+    EXPECT_STREQ(token.getText(0), row.input);
+  }
+}
+
+/** All tokens as they are printed under the two switches, joined. */
+std::string printed(OldList& list, int formatting, int layout) {
+  std::string text;
+  for (OldListItem* item = list.getFirst(); item != nullptr; item = list.getNext()) {
+    text += static_cast<VhdlToken*>(item)->getCaseText(formatting, layout);
+  }
+  return text;
+}
+
+TEST(VhdlTokenTest, TakesTheStyleOfItsGroupUnlessFormattingIsOff) {
+  VhdlToken::setKeywordCase(C_CAPITALIZED);
+  VhdlToken::setIdentCase(C_UPPERCASE);
+  VhdlToken::setAttributeCase(C_LOWERCASE);
+  VhdlToken::setHexCase(C_UPPERCASE);
+  OldList list;
+  lexInto(list, "eND \\Ab\\ cD'aCTIVE X\"aB\" 1e3 16#aF#e1 \"sT\" 'h' --qorn-ON x\n");
+  const std::string source = "eND \\Ab\\ cD'aCTIVE X\"aB\" 1e3 16#aF#e1 \"sT\" 'h' --qorn-ON x\n";
+  const std::string cased = "End \\AB\\ CD'active X\"AB\" 1E3 16#AF#E1 \"sT\" 'h' --qorn-ON x\n";
+  EXPECT_EQ(printed(list, 0, 0), source);
+  EXPECT_EQ(printed(list, 0, 1), source);
+  EXPECT_EQ(printed(list, 1, 0), cased);
+  EXPECT_EQ(printed(list, 1, 1), cased);
+  static_cast<VhdlToken*>(list.getFirst())->setFormatText("bEGIN");
+  EXPECT_EQ(printed(list, 0, 1), source);
+  EXPECT_EQ(printed(list, 1, 0), cased);
+  EXPECT_EQ(printed(list, 1, 1), "Begin" + cased.substr(3));
+  VhdlToken::setKeywordCase(C_UPPERCASE);
+  VhdlToken::setIdentCase(C_LOWERCASE);
+  VhdlToken::setAttributeCase(C_UPPERCASE);
+  VhdlToken::setHexCase(C_LOWERCASE);
+}
+
+TEST(VhdlTokenTest, WrapGravityGrowsWithTheDistance) {
+  struct Case {
+    int typ;
+    int gravity;
+    int column;
+    int expected;  // for a line that would go on at column 10
+  };
+  const Case cases[] = {
+      {T_COMMA, 5, 30, 25},  {T_COMMA, 5, 11, 6}, {T_COMMA, 5, 10, 0},   {T_COMMA, 5, 0, 0},
+      {T_NEWLINE, 5, 30, 0}, {T_COMMA, 0, 30, 0}, {T_COMMA, -1, 30, -1}, {T_NEWLINE, -1, 30, -1},
+  };
+  for (const Case& row : cases) {
+    VhdlToken token(row.typ, 1, 0, ",");
+    EXPECT_EQ(token.getWrapGravity(0), 0);  // column 0, whatever the gravity
+    token.setGravity(row.gravity);
+    token.setColumn(row.column);
+    EXPECT_EQ(token.getWrapGravity(10), row.expected) << row.gravity << " at " << row.column;
+  }
+}
+
+}  // namespace

@@ -38,13 +38,6 @@ char* newBlock(std::size_t capacity) {
 
 }  // namespace
 
-DynString::DynString(DynString&& other) noexcept : store(other.store) { other.becomeUnset(); }
-
-DynString& DynString::operator=(const DynString& other) {
-  if (this != &other) set(other.view());
-  return *this;
-}
-
 DynString& DynString::operator=(DynString&& other) noexcept {
   if (this == &other) return *this;
   release();
@@ -53,22 +46,25 @@ DynString& DynString::operator=(DynString&& other) noexcept {
   return *this;
 }
 
-void DynString::set(std::string_view text) {
-  if (text.size() > inlineMax) {
-    char* block = newBlock(text.size());
-    std::memcpy(block, text.data(), text.size());
+void DynString::setLong(std::string_view text) {
+  if (text.size() <= inlineMax) {
+    const DynString copy(text);  // before the text goes, which may be this string's own
     release();
-    becomeHeap(block, 0, text.size());
+    store = copy.store;
     return;
   }
-  Store next;
-  if (!text.empty()) std::memcpy(next.chars, text.data(), text.size());
+  if (isHeap() && capacityOf(blockStart()) >= text.size()) {
+    std::memmove(blockStart(), text.data(), text.size());
+    becomeHeap(blockStart(), 0, text.size());
+    return;
+  }
+  char* block = newBlock(text.size());
+  std::memcpy(block, text.data(), text.size());
   release();
-  store = next;
-  setInlineLength(text.size());
+  becomeHeap(block, 0, text.size());
 }
 
-void DynString::setBlanks(int count) {
+void DynString::setLongBlanks(int count) {
   release();
   becomeUnset();
   if (count <= inlineMax || count > sharedBlankMax) {
@@ -103,15 +99,10 @@ void DynString::catRepeated(int count, char character) {
               static_cast<std::size_t>(count));
 }
 
-char* DynString::rewrite(int newLength) {
-  const auto wanted = static_cast<std::size_t>(newLength);
-  if (isHeap() && wanted > inlineMax && capacityOf(blockStart()) >= wanted) {
-    becomeHeap(blockStart(), 0, wanted);
-    return store.heap.text;
-  }
-  release();
-  becomeUnset();
-  return makeRoom(wanted);
+char* DynString::edit() {
+  if (isInline()) return store.chars;
+  if (!isHeap()) setLong(DynString(view()).view());  // the shared blanks are nobody's to change
+  return store.heap.text;
 }
 
 void DynString::truncate(int count) {
@@ -138,17 +129,6 @@ void DynString::dropFront(int count) {
     offset = 0;
   }
   becomeHeap(block + offset, offset, rest.size());
-}
-
-void DynString::overwrite(int index, std::string_view text) {
-  if (!isInline() && !isHeap()) set(DynString(view()).view());
-  char* target = isInline() ? store.chars : store.heap.text;
-  std::memcpy(target + index, text.data(), text.size());
-}
-
-void DynString::setInlineLength(std::size_t textLength) {
-  store.chars[textLength] = '\0';
-  setTag(static_cast<std::uint8_t>(inlineMax - textLength));
 }
 
 void DynString::freeBlock() { ::operator delete(blockStart() - headerSize); }

@@ -7,18 +7,28 @@
 #ifndef QORN_BASE_DYNSTRING_H
 #define QORN_BASE_DYNSTRING_H
 
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <string_view>
+
+#include "base/shortcopy.h"
 
 class DynString {
  public:
   DynString() { becomeUnset(); }
   explicit DynString(const char* text) : DynString() { set(text); }
   explicit DynString(std::string_view text) : DynString() { set(text); }
-  DynString(const DynString& other) : DynString() { set(other.view()); }
-  DynString(DynString&& other) noexcept;
-  DynString& operator=(const DynString& other);
+  DynString(const DynString& other) : DynString() { *this = other; }
+  DynString(DynString&& other) noexcept : store(other.store) { other.becomeUnset(); }
+  DynString& operator=(const DynString& other) {
+    if (isInline() && other.isInline()) {
+      store = other.store;
+    } else if (this != &other) {
+      setLong(other.view());
+    }
+    return *this;
+  }
   DynString& operator=(DynString&& other) noexcept;
   ~DynString() { release(); }
 
@@ -32,9 +42,23 @@ class DynString {
 
   /** Takes a copy, which may come from this string itself. Null or empty leaves it unset. */
   void set(const char* text) { set(text == nullptr ? std::string_view() : std::string_view(text)); }
-  void set(std::string_view text);
+  void set(std::string_view text) {
+    if (text.size() > inlineMax || !isInline()) {
+      setLong(text);
+    } else {
+      copyShort(store.chars, text.data(), text.size());
+      setInlineLength(text.size());
+    }
+  }
   /** The text becomes that many blanks; unset for 0 or less. */
-  void setBlanks(int count);
+  void setBlanks(int count) {
+    if (count > inlineMax || !isInline()) {
+      setLongBlanks(count);
+    } else {
+      std::memset(store.chars, ' ', sizeof(store.chars));
+      setInlineLength(static_cast<std::size_t>(std::max(count, 0)));
+    }
+  }
 
   /** Appends a copy. Null, the empty text and the character 0 change nothing. */
   void cat(const char* text) { cat(text == nullptr ? std::string_view() : std::string_view(text)); }
@@ -47,15 +71,24 @@ class DynString {
   /** Appends a character other than 0 that many times; none for a count of 0 or less. */
   void catRepeated(int count, char character);
 
-  /** Makes room for a text of that length, which the caller writes where the result says. */
-  char* rewrite(int newLength);
+  /** Replaces every character. Requires: `convert` leaves control characters as they are. */
+  template <typename Convert>
+  void transform(Convert convert) {
+    if (isInline()) {
+      for (char& character : store.chars)
+        character = convert(character);  // the tag is below a blank
+    } else {
+      char* text = edit();
+      std::transform(text, text + length(), text, convert);
+    }
+  }
+  /** The characters, to be written over. */
+  char* edit();
   /** Keeps the first `count` characters, of at least that many. */
   void truncate(int count);
   /** Takes off the first `count` characters, of at least that many. The rest of a long text stays
       where it is, so that a text can be taken apart piece by piece. */
   void dropFront(int count);
-  /** Writes over the characters from `index` on. Requires: index + size of text <= length(). */
-  void overwrite(int index, std::string_view text);
 
  private:
   static constexpr int inlineMax = 15;             // characters in the object itself
@@ -89,7 +122,12 @@ class DynString {
   void release() {
     if (isHeap()) freeBlock();
   }
-  void setInlineLength(std::size_t textLength);
+  void setInlineLength(std::size_t textLength) {
+    store.chars[textLength] = '\0';
+    setTag(static_cast<std::uint8_t>(inlineMax - textLength));
+  }
+  void setLong(std::string_view text);
+  void setLongBlanks(int count);
   void freeBlock();
   int headOffset() const;
   char* blockStart() const { return store.heap.text - headOffset(); }

@@ -77,11 +77,14 @@ class OldList {
   OldListItem* getLast() { return moveTo(last); }
   OldListItem* getNext() { return moveTo(anchor == nullptr ? nullptr : anchor->getNext()); }
   OldListItem* getPrev() { return moveTo(anchor == nullptr ? nullptr : anchor->getPrev()); }
-  OldListItem* getAnchor() const { return anchor == nullptr ? nullptr : anchor->getItem(); }
+  OldListItem* getAnchor() const { return itemOf(anchor); }
   void pushAnchor() { anchorStack.push(anchor); }
   void popAnchor() { anchor = anchorStack.pop(); }
   /** Anchors saved and not restored. */
   int countPushedAnchors() const { return anchorStack.getDepth(); }
+  /** The items beside the anchor, or null; the anchor stays. */
+  OldListItem* peekNext() const { return itemOf(anchor == nullptr ? nullptr : anchor->getNext()); }
+  OldListItem* peekPrev() const { return itemOf(anchor == nullptr ? nullptr : anchor->getPrev()); }
   /** The anchor's node, null without an anchor: a place to compare with or to come back to. */
   OldListRefItem* getAnchorNode() const { return anchor; }
   /** Puts the anchor on a node of this list, or on none. */
@@ -107,9 +110,12 @@ class OldList {
   void removeItemAnchor();
 
  private:
+  static OldListItem* itemOf(const OldListRefItem* node) {
+    return node == nullptr ? nullptr : node->getItem();
+  }
   OldListItem* moveTo(OldListRefItem* node) {
     anchor = node;
-    return getAnchor();
+    return itemOf(node);
   }
   OldListRefItem* findRefItem(const OldListItem* item) const;
   void unlink(OldListRefItem* node);

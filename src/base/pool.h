@@ -23,14 +23,9 @@ class Pool {
 #ifdef QORN_POOL_IS_HEAP  // the address sanitizer is to see every block by itself
     return ::operator new(Size);
 #else
-    if (freeBlocks != nullptr) {
-      Block* block = freeBlocks;
-      freeBlocks = block->next;
-      return block;
-    }
-    if (fresh == freshEnd) addSlab();
-    void* block = fresh;
-    fresh += Size;
+    if (freeBlocks == nullptr) addBlocks();
+    Block* block = freeBlocks;
+    freeBlocks = block->next;
     return block;
 #endif
   }
@@ -51,14 +46,12 @@ class Pool {
 
   static constexpr std::size_t blocksPerSlab = 65536 / Size;
 
-  static void addSlab() {
-    fresh = static_cast<char*>(::operator new(blocksPerSlab* Size));
-    freshEnd = fresh + blocksPerSlab * Size;
+  static void addBlocks() {
+    char* slab = static_cast<char*>(::operator new(blocksPerSlab* Size));
+    for (std::size_t i = blocksPerSlab; i > 0; --i) give(slab + (i - 1) * Size);
   }
 
   static inline Block* freeBlocks = nullptr;
-  static inline char* fresh = nullptr;
-  static inline char* freshEnd = nullptr;
 };
 
 #endif

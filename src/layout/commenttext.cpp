@@ -83,7 +83,7 @@ DynString* VhdlToken::stripComment(int width, std::string_view chars) {
     formatText.cat(pair.view());
   }
   rest.dropFront(static_cast<int>(blank + 1 - continuationMark.size()));
-  rest.overwrite(0, continuationMark);
+  continuationMark.copy(rest.edit(), continuationMark.size());
   caseBuffer = std::move(rest);
   return &caseBuffer;
 }

@@ -14,9 +14,9 @@
 
 /** The line that the pass is on. */
 struct VhdlScanner::LineInHand {
-  int width = 0;      // bytes of the tokens visited, the one under the anchor included
-  int column = 0;     // of the token under the anchor, on the line as it is laid out now
-  bool isNew = true;  // is the token under the anchor visited for the first time?
+  long long width = 0;    // bytes of the tokens visited, the one under the anchor included
+  long long surplus = 0;  // columns that tabs and redrawn comments before the anchor add to them
+  bool isNew = true;      // is the token under the anchor visited for the first time?
   OldListRefItem* reached = nullptr;   // the furthest token visited; those behind it await `shifts`
   PendingShifts shifts;                // for the rest of the line
   OldListRefItem* hopeless = nullptr;  // a token on this line, with no place to break left of it
@@ -24,9 +24,10 @@ struct VhdlScanner::LineInHand {
 
   /** Brings the indent of the token behind the furthest one up to date. */
   void reach(OldListRefItem* node) {
+    reached = node;
+    if (shifts.isEmpty()) return;
     auto& token = *static_cast<VhdlToken*>(node->getItem());
     token.setIndent(shifts.apply(token.getIndent()));
-    reached = node;
   }
   void visit(OldListRefItem* node) {
     if (isNew) {
@@ -38,7 +39,7 @@ struct VhdlScanner::LineInHand {
   /** The token visited next starts a line, or is measured as if it did. */
   void start(bool nextIsNew) {
     width = 0;
-    column = 0;
+    surplus = 0;
     isNew = nextIsNew;
     hopeless = nullptr;
   }
@@ -50,10 +51,6 @@ bool isBlank(const VhdlToken& token) {
   return token.getTyp() == T_WHITESPACE || token.getTyp() == T_NEWLINE;
 }
 
-bool isLineEnd(const VhdlToken& token) {
-  return token.getTyp() == T_NEWLINE && beginsWithLineEnd(token, 1);
-}
-
 }  // namespace
 
 void VhdlScanner::LineBreak() {
@@ -63,17 +60,20 @@ void VhdlScanner::LineBreak() {
   tokenList.getFirst();
   while (VhdlToken* token = stepForward()) {
     line.visit(tokenList.getAnchorNode());
-    token->setColumn(line.width);
-    line.width = addColumns(line.width, token->textLength(1));
     const int typ = token->getTyp();
-    if (isPragma(typ)) isWrapping = typ == T_FORMAT_ON || typ == T_INDENT_ON;
-    if (typ == T_COMMENT && isWrapping) drawOutComment(*token);
-    if (isLineEnd(*token)) {
+    const int length = token->textLength(1);
+    token->setColumn(static_cast<int>(line.width));
+    line.width += length;
+    if (typ == T_NEWLINE && length > 0) {
       line.start(/*nextIsNew*/ true);
       line.shifts.clear();
-    } else if (!isWrapping || line.width <= lineWidth || WrapLine(line) == 1) {
-      line.column = addColumns(line.column, countColumns(*token, 1, indentation));
+      continue;
     }
+    if (isPragma(typ)) isWrapping = typ == T_FORMAT_ON || typ == T_INDENT_ON;
+    if (typ == T_COMMENT && isWrapping) drawOutComment(*token);
+    if (line.width > lineWidth && isWrapping && WrapLine(line) == 0) continue;
+    if (typ == T_COMMENT) line.surplus += token->textLength(1) - length;
+    if (token->mayHoldTabs()) line.surplus += countTabColumns(*token, 1, indentation);
   }
 }
 
@@ -86,8 +86,8 @@ void VhdlScanner::drawOutComment(VhdlToken& comment) {
 
 int VhdlScanner::WrapLine(LineInHand& line) {
   OldListRefItem* overflow = tokenList.getAnchorNode();
-  anchorToken()->setColumn(line.column);
-  assert(line.column == getColumn(1));
+  anchorToken()->setColumn(heldInRange(anchorToken()->getColumn() + line.surplus));
+  assert(anchorToken()->getColumn() == getColumn(1));
   OldListRefItem* candidate = findBreak(line.hopeless);
   const VhdlToken* comment = candidate == nullptr ? nullptr : commentBehind(candidate);
   if (candidate != nullptr && comment == nullptr) {
@@ -154,7 +154,7 @@ void VhdlScanner::breakBehindAnchor(LineInHand& line) {
     if (isNew) line.reach(tokenList.getAnchorNode());
     isNew = isNew || tokenList.getAnchorNode() == line.reached;
     if (!isBlank(*token)) break;
-    if (isLineEnd(*token)) line.shifts.clear();  // the line below is drawn up to this one
+    if (isLineEnd(*token, 1)) line.shifts.clear();  // the line below is drawn up to this one
     token->setFormatText("");
   }
   IndentLine(0);
@@ -166,7 +166,7 @@ void VhdlScanner::SetColumnsInLine() {
   const AnchorGuard guard(tokenList);
   VhdlToken* token = anchorToken();
   int column = token->getColumn();
-  while (isBlank(*token) && !isLineEnd(*token)) {
+  while (isBlank(*token) && !isLineEnd(*token, 1)) {
     column = addColumns(column, token->textLength(1));
     token = stepForward();
     if (token == nullptr) return;
@@ -192,7 +192,7 @@ void VhdlScanner::finishLine(LineInHand& line) {
   VhdlToken* token = anchorToken();
   int column = addColumns(token->getColumn(), token->textLength(1));
   bool isNew = false;
-  while (!isLineEnd(*token)) {
+  while (!isLineEnd(*token, 1)) {
     isNew = isNew || tokenList.getAnchorNode() == line.reached;
     token = stepForward();
     if (token == nullptr) break;
@@ -207,6 +207,7 @@ void VhdlScanner::breakComments(LineInHand& line) {
   BreakComment();
   line.start(/*nextIsNew*/ true);
   const VhdlToken* token = anchorToken();
-  if (isLineEnd(*token)) return;
-  line.column = addColumns(getColumn(1), countColumns(*token, 1, indentation));
+  if (isLineEnd(*token, 1)) return;
+  line.surplus = getColumn(1);  // the pass measures from here as from the start of a line
+  line.surplus += countColumns(*token, 1, indentation);
 }

@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <cstring>
 
+#include "base/shortcopy.h"
 #include "scanner/vhdlscanner.h"
 
 namespace {
@@ -27,7 +28,11 @@ class OutputBuffer {
         return;
       }
     }
-    std::memcpy(buffer + used, text.data(), text.size());
+    if (text.size() <= shortCopyMax) {
+      copyShort(buffer + used, text.data(), text.size());
+    } else {
+      std::memcpy(buffer + used, text.data(), text.size());
+    }
     used += text.size();
   }
   void flush() {
@@ -60,21 +65,19 @@ void VhdlScanner::Print(FILE* stream) {
   tokenList.getFirst();
   while (const VhdlToken* token = stepForward()) {
     const int typ = token->getTyp();
-    // A pragma comment is itself printed under its new setting.
-    if (typ == T_FORMAT_ON || typ == T_FORMAT_OFF) formatting = typ == T_FORMAT_ON ? 1 : 0;
-    if (typ == T_INDENT_ON || typ == T_INDENT_OFF) layout = typ == T_INDENT_ON ? 1 : 0;
-    std::string_view text = token->getCaseText(formatting, layout);
+    if (isPragma(typ)) {  // is itself printed under its new setting
+      if (typ == T_FORMAT_ON || typ == T_FORMAT_OFF) formatting = typ == T_FORMAT_ON ? 1 : 0;
+      if (typ == T_INDENT_ON || typ == T_INDENT_OFF) layout = typ == T_INDENT_ON ? 1 : 0;
+    }
+    const std::string_view text = token->getCaseText(formatting, layout);
     if (typ == T_NEWLINE) {
-      if (!text.starts_with('\n')) continue;
+      if (text.empty()) continue;
       output.write("\n");
       column = 0;
-      continue;
+    } else {
+      output.write(tabify == 0 ? text : tabified(typ, column, text));
+      column += static_cast<int>(text.size());
     }
-    const int width = static_cast<int>(text.size());
-    if (typ == T_WHITESPACE) text = TabifyWhitespace(column, text);
-    if (typ == T_COMMENT) text = Tabify(column, text);
-    output.write(text);
-    column += width;
   }
   output.flush();
   CloseOutfile(output.getError());
@@ -105,8 +108,12 @@ void VhdlScanner::CloseOutfile(int writeError) {
   if (writeError != 0 || result != 0) std::perror("Error! qorn");
 }
 
+std::string_view VhdlScanner::tabified(int typ, int start, std::string_view text) {
+  if (typ == T_WHITESPACE) return TabifyWhitespace(start, text);
+  return typ == T_COMMENT ? Tabify(start, text) : text;
+}
+
 std::string_view VhdlScanner::Tabify(int start, std::string_view text) {
-  if (tabify == 0) return text;
   DynString result;
   int column = start;
   std::size_t at = 0;
@@ -125,7 +132,7 @@ std::string_view VhdlScanner::Tabify(int start, std::string_view text) {
 
 std::string_view VhdlScanner::TabifyWhitespace(int start, std::string_view text) {
   const int count = static_cast<int>(text.size());
-  if (tabify == 0 || count < shortestTabRun) return text;
+  if (count < shortestTabRun) return text;
   const int distance = std::max(tabSize, 1);
   const int toFirstStop = distance - start % distance;
   const int rest = (start + count) % distance;

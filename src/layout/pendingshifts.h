@@ -17,6 +17,7 @@ class PendingShifts {
   void add(int limit, int shift);
   /** The indent after all shifts so far. */
   [[nodiscard]] int apply(int indent) const;
+  [[nodiscard]] bool isEmpty() const { return shifts.empty(); }
   void clear();
 
  private:

@@ -18,8 +18,7 @@ int targetWidth(const VhdlToken& token) {
 }
 
 bool endsTarget(const VhdlToken& token) {
-  if (token.getTyp() == T_NEWLINE) return beginsWithLineEnd(token, 1);
-  return token.getTyp() == T_SEMICOLON;
+  return token.getTyp() == T_SEMICOLON || isLineEnd(token, 1);
 }
 
 }  // namespace

@@ -4,8 +4,6 @@
 #include <algorithm>
 #include <cassert>
 
-#include "base/columns.h"
-
 namespace {
 
 const VhdlToken& tokenOf(const OldListRefItem* node) {
@@ -23,7 +21,7 @@ OldListRefItem* skipBlanks(OldListRefItem* node) {
   int column = 0;
   OldListRefItem* start = place;
   for (OldListRefItem* node = place->getPrev(); node != nullptr; node = node->getPrev()) {
-    if (beginsWithLineEnd(tokenOf(node), 1)) break;
+    if (isLineEnd(tokenOf(node), 1)) break;
     column = addColumns(column, countColumns(tokenOf(node), 1, tabWidth));
     start = node;
   }
@@ -32,16 +30,9 @@ OldListRefItem* skipBlanks(OldListRefItem* node) {
 
 }  // namespace
 
-bool beginsWithLineEnd(const VhdlToken& token, int formatted) {
-  return *token.getText(formatted) == '\n';
-}
-
-int countColumns(const VhdlToken& token, int formatted, int tabWidth) {
-  const std::string_view text = token.viewText(formatted);
-  const int length = static_cast<int>(text.size());
-  if (token.getTyp() == T_WHITESPACE || token.getTyp() == T_COMMENT) return length;
-  const int tabs = static_cast<int>(std::ranges::count(text, '\t'));
-  return addColumns(length, timesColumns(tabs, tabWidth - 1));
+int countTabColumns(const VhdlToken& token, int formatted, int tabWidth) {
+  const auto tabs = std::ranges::count(token.viewText(formatted), '\t');
+  return timesColumns(static_cast<int>(tabs), tabWidth - 1);
 }
 
 LineRuler::Reading LineRuler::read(OldListRefItem* place, int tabWidth) {
@@ -56,12 +47,12 @@ LineRuler::Reading LineRuler::read(OldListRefItem* place, int tabWidth) {
       column += token.textLength(1);
       continue;
     }
-    if (beginsWithLineEnd(token, 1)) break;
+    if (isLineEnd(token, 1)) break;
     if (newMark == nullptr && !isSpacing(token.getTyp())) {
       newMark = node;
       behindMark = column;
     }
-    column = addColumns(column, countColumns(token, 1, tabWidth));
+    column += countColumns(token, 1, tabWidth);
     earliest = node;
   }
   if (mark != nullptr && node == mark) {
@@ -72,9 +63,9 @@ LineRuler::Reading LineRuler::read(OldListRefItem* place, int tabWidth) {
   }
   if (newMark != nullptr) {
     mark = newMark;
-    width = column - behindMark;
+    width = heldInRange(column - behindMark);
   }
-  const Reading reading{first, column};
+  const Reading reading{first, heldInRange(column)};
   assert(reading.first == readPlainly(place, tabWidth).first);
   assert(reading.column == readPlainly(place, tabWidth).column);
   return reading;

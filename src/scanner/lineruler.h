@@ -14,6 +14,7 @@
 #ifndef QORN_SCANNER_LINERULER_H
 #define QORN_SCANNER_LINERULER_H
 
+#include "base/columns.h"
 #include "tokens/vhdltoken.h"
 
 class LineRuler {
@@ -29,7 +30,7 @@ class LineRuler {
   Reading read(OldListRefItem* place, int tabWidth);
 
   /** The blank before the line's first token has become wider by that many columns. */
-  void indented(int columns) { width += columns; }
+  void indented(int columns) { width = addColumns(width, columns); }
 
   void forget() { mark = nullptr; }
 
@@ -39,10 +40,19 @@ class LineRuler {
   int width = 0;  // columns
 };
 
-/** Columns of a token's text; a tab counts `tabWidth`. */
-[[nodiscard]] int countColumns(const VhdlToken& token, int formatted, int tabWidth);
+/** Columns that the tabs of a token's text take beyond one each, if a tab counts `tabWidth`. */
+[[nodiscard]] int countTabColumns(const VhdlToken& token, int formatted, int tabWidth);
 
-/** Is the text one that starts with a line end? */
-[[nodiscard]] bool beginsWithLineEnd(const VhdlToken& token, int formatted);
+/** Columns of a token's text; a tab counts `tabWidth`. */
+[[nodiscard]] inline int countColumns(const VhdlToken& token, int formatted, int tabWidth) {
+  const int length = token.textLength(formatted);
+  if (!token.mayHoldTabs()) return length;
+  return addColumns(length, countTabColumns(token, formatted, tabWidth));
+}
+
+/** Is the token a line end that prints, or with 0 one that stood in the source? */
+[[nodiscard]] inline bool isLineEnd(const VhdlToken& token, int formatted) {
+  return token.getTyp() == T_NEWLINE && token.textLength(formatted) > 0;
+}
 
 #endif

@@ -12,6 +12,15 @@ int blanksBefore(const OldListRefItem& node) {
   return token.getTyp() == T_WHITESPACE ? token.textLength(1) : 0;
 }
 
+/** Has the line's first token its blanks already? */
+bool isIndented(const OldListRefItem& first, int indent) {
+  const OldListRefItem* node = first.getPrev();
+  if (node == nullptr) return false;
+  const auto& token = *static_cast<const VhdlToken*>(node->getItem());
+  if (token.getTyp() != T_WHITESPACE) return indent <= 0;
+  return token.isFormatted() && token.textLength(1) == indent;
+}
+
 }  // namespace
 
 VhdlToken* VhdlScanner::newSpacing(int typ, int level, std::string_view format) {
@@ -21,37 +30,38 @@ VhdlToken* VhdlScanner::newSpacing(int typ, int level, std::string_view format) 
 }
 
 void VhdlScanner::setNextSpaces(int count) {
-  const AnchorGuard guard(tokenList);
-  const int level = getParenLevel();
-  VhdlToken* target = stepForward();
-  if (target == nullptr) {
-    target = newSpacing(T_WHITESPACE, level, "");
-    tokenList.addItemLast(target);
-  } else if (target->getTyp() != T_WHITESPACE && target->getTyp() != T_EOF && count > 0) {
-    stepBack();
-    target = newSpacing(T_WHITESPACE, level, "");
-    tokenList.addItemAnchor(target);
+  VhdlToken* next = peekForward();
+  if (next != nullptr && next->getTyp() == T_WHITESPACE) {
+    next->setFormatBlanks(count);
+    return;
   }
-  setBlanks(*target, count);
+  if (next != nullptr && (next->getTyp() == T_EOF || count <= 0)) return;
+  VhdlToken* blank = newSpacing(T_WHITESPACE, getParenLevel(), "");
+  blank->setFormatBlanks(count);
+  if (next == nullptr) {
+    tokenList.addItemLast(blank);
+  } else {
+    const AnchorGuard guard(tokenList);
+    tokenList.addItemAnchor(blank);
+  }
 }
 
 void VhdlScanner::setPrevSpaces(int count) {
-  const AnchorGuard guard(tokenList);
-  const int level = getParenLevel();
-  VhdlToken* target = stepBack();
-  if (target == nullptr) {
-    if (count == 0) return;
-    target = newSpacing(T_WHITESPACE, level, "");
-    tokenList.addItemFirst(target);
-  } else if (target->getTyp() != T_WHITESPACE && count > 0) {
-    target = newSpacing(T_WHITESPACE, level, "");
-    tokenList.addItemAnchor(target);
+  VhdlToken* prev = peekBack();
+  if (prev != nullptr && prev->getTyp() == T_WHITESPACE) {
+    prev->setFormatBlanks(count);
+    return;
   }
-  setBlanks(*target, count);
-}
-
-void VhdlScanner::setBlanks(VhdlToken& target, int count) {
-  if (target.getTyp() == T_WHITESPACE) target.setFormatBlanks(count);
+  if (prev == nullptr ? count == 0 : count <= 0) return;
+  VhdlToken* blank = newSpacing(T_WHITESPACE, getParenLevel(), "");
+  blank->setFormatBlanks(count);
+  if (prev == nullptr) {
+    tokenList.addItemFirst(blank);
+  } else {
+    const AnchorGuard guard(tokenList);
+    stepBack();
+    tokenList.addItemAnchor(blank);
+  }
 }
 
 void VhdlScanner::setNextNewline() {
@@ -110,10 +120,11 @@ void VhdlScanner::IndentLine(int delta) {
   if (place == nullptr) return;
   OldListRefItem* first = ruler.read(place, indentation).first;
   if (first == nullptr) return;
+  auto& token = *static_cast<VhdlToken*>(first->getItem());
+  if (delta != 0) token.setIndent(addColumns(token.getIndent(), delta));
+  if (isIndented(*first, token.getIndent())) return;
   const AnchorGuard guard(tokenList);
   tokenList.setAnchorNode(first);
-  VhdlToken& token = *anchorToken();
-  if (delta != 0) token.setIndent(addColumns(token.getIndent(), delta));
   const int before = blanksBefore(*first);
   setPrevSpaces(token.getIndent());
   ruler.indented(blanksBefore(*first) - before);

@@ -84,29 +84,32 @@ class VhdlScanner {
   void CloseOutfile(int writeError);
   /** The comment's or the blanks' text with blanks turned into tabs, where it starts at `start`.
      The result is the text itself or stands in `tabifyBuffer` until the next call of either. */
+  std::string_view tabified(int typ, int start, std::string_view text);
   std::string_view Tabify(int start, std::string_view text);
   std::string_view TabifyWhitespace(int start, std::string_view text);
 
   // --- Look-around (lookaround.cpp): questions about the anchor's neighbours; the anchor stays ---
 
   VhdlToken* anchorToken() const { return static_cast<VhdlToken*>(tokenList.getAnchor()); }
+  VhdlToken* peekForward() const { return static_cast<VhdlToken*>(tokenList.peekNext()); }
+  VhdlToken* peekBack() const { return static_cast<VhdlToken*>(tokenList.peekPrev()); }
   VhdlToken* stepForward() { return static_cast<VhdlToken*>(tokenList.getNext()); }
   VhdlToken* stepBack() { return static_cast<VhdlToken*>(tokenList.getPrev()); }
   int getParenLevel() const;
   /** Code of the next token, blanks passed over; -1 at the end of the list. */
-  int typBehindBlanks();
+  int typBehindBlanks() const;
   /** Code of the previous token, blanks passed over; -1 at the head of the list. */
-  int typBeforeBlanks();
-  int nextIs(int typ) { return typBehindBlanks() == typ ? 1 : 0; }
-  int prevIs(int typ) { return typBeforeBlanks() == typ ? 1 : 0; }
+  int typBeforeBlanks() const;
+  int nextIs(int typ) const { return typBehindBlanks() == typ ? 1 : 0; }
+  int prevIs(int typ) const { return typBeforeBlanks() == typ ? 1 : 0; }
   /** Is the next token that is neither blank nor line end an ordinary comment? */
-  int nextIsComment();
+  int nextIsComment() const;
   /** Does the anchor stand first on its line? With mode 1 emptied line ends don't count as such. */
   int prevIsNewline(int mode);
   /** Do an identifier and a colon, and perhaps the word postponed, stand before the anchor? */
   int prevIsLabel();
   /** Code of the count-th token ahead that is no blank, line end or comment; T_EOF at the end. */
-  int LookForward(int count);
+  int LookForward(int count) const;
   /** Columns before the anchor on its line: of the output as far as it is laid out with mode 1, of
       the source with mode 0. */
   int getColumn(int mode);
@@ -146,7 +149,6 @@ class VhdlScanner {
   void IndentLine(int delta);
   /** A blank or line end that prints that text and stands in no list yet. */
   static VhdlToken* newSpacing(int typ, int level, std::string_view format);
-  static void setBlanks(VhdlToken& target, int count);
 
   // --- Comments (comments.cpp) ---
 
@@ -194,7 +196,7 @@ class VhdlScanner {
   bool readHead(std::initializer_list<int> head);
   /** The code of the next token, which is read and laid out but not consumed. */
   int peekTokenTyp();
-  bool isInstantiated() { return prevIs(T_COLON) == 1 || prevIs(T_USE) == 1; }
+  bool isInstantiated() const { return prevIs(T_COLON) == 1 || prevIs(T_USE) == 1; }
   void Entity();
   void Architecture();
   void Package();

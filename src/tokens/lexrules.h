@@ -28,7 +28,8 @@ constexpr auto charClasses = [] {
   for (unsigned i = '0'; i <= '9'; ++i) classes[i] = DIGIT | HEX | (i < '8' ? OCTAL : 0);
   classes['0'] |= BINARY;
   classes['1'] |= BINARY;
-  for (const char blank : {' ', '\t', '\v', '\f'}) classes[static_cast<unsigned>(blank)] = BLANK;
+  for (const char blank : {' ', '\t', '\v', '\f'})
+    classes[static_cast<unsigned char>(blank)] = BLANK;
   return classes;
 }();
 

@@ -30,18 +30,27 @@ static_assert(wordsAscend(keywords));
 constexpr std::size_t longestWord =
     std::ranges::max(keywords, {}, [](const Word& word) { return word.text.size(); }).text.size();
 
-constexpr char lowered(char letter) {
-  return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter + ('a' - 'A')) : letter;
+constexpr std::size_t shortestWord =
+    std::ranges::min(keywords, {}, [](const Word& word) { return word.text.size(); }).text.size();
+
+/** Folds the case of a letter by the bit that tells cases apart; no other character of a name
+   becomes a letter by it. */
+constexpr unsigned folded(char letter) {
+  constexpr unsigned caseBit = 'a' - 'A';
+  return static_cast<unsigned char>(letter) | caseBit;
 }
 
 constexpr int slotBits = 10;
 constexpr std::size_t slotCount = std::size_t{1} << slotBits;
 
+/** A hash of the word's length and of the four letters that tell words of one length apart.
+    Requires: at least two characters. */
 constexpr std::size_t slotOf(std::string_view word, std::uint32_t factor) {
-  std::uint32_t hash = static_cast<std::uint32_t>(word.size());
-  for (const char letter : word) {
-    hash = hash * factor + static_cast<std::uint32_t>(static_cast<unsigned char>(lowered(letter)));
-  }
+  auto hash = static_cast<std::uint32_t>(word.size());
+  hash = hash * factor + folded(word[0]);
+  hash = hash * factor + folded(word[1]);
+  hash = hash * factor + folded(word[(word.size() - 1) / 2]);
+  hash = hash * factor + folded(word.back());
   return hash * 2654435769U >> (32 - slotBits);
 }
 
@@ -68,23 +77,16 @@ constexpr auto wordSlots = [] {
   return slots;
 }();
 
-constexpr auto caseGroups = [] {
-  TokenTable<CaseGroup> groups(CASE_KEYWORD);
-#define QORN_WORD(name, code, word)
-#define QORN_CODE(name, code, group) groups[name] = group;
-#include "tokens/tokencodes.def"
-  return groups;
-}();
-
 }  // namespace
 
 int findReservedWord(std::string_view word) {
-  if (word.size() > longestWord) return -1;
+  if (word.size() < shortestWord || word.size() > longestWord) return -1;
   const std::size_t place = wordSlots[slotOf(word, spreadingFactor)];
   if (place == 0) return -1;
   const Word& found = keywords[place - 1];
-  const bool same = std::ranges::equal(word, found.text, {}, lowered);
-  return same ? found.typ : -1;
+  if (found.text.size() != word.size()) return -1;
+  for (std::size_t i = 0; i < word.size(); ++i) {
+    if (folded(word[i]) != static_cast<unsigned char>(found.text[i])) return -1;
+  }
+  return found.typ;
 }
-
-CaseGroup caseGroup(int typ) { return caseGroups[typ]; }

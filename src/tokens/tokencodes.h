@@ -22,6 +22,7 @@ enum ConfigCode : int {
 
 /** Which setting rules the letter case of a token. */
 enum CaseGroup : int { CASE_ASIS, CASE_KEYWORD, CASE_IDENTIFIER, CASE_ATTRIBUTE, CASE_NUMBER };
+constexpr int caseGroupCount = CASE_NUMBER + 1;
 
 constexpr int firstTokenCode = T_ABS;
 constexpr int tokenCodeCount = T_INDENT_OFF - T_ABS + 1;
@@ -41,8 +42,16 @@ struct TokenTable {
 /** The reserved word's code, in whatever case it is written, or -1. */
 [[nodiscard]] int findReservedWord(std::string_view word);
 
+constexpr auto caseGroups = [] {
+  TokenTable<CaseGroup> groups(CASE_KEYWORD);
+#define QORN_WORD(name, code, word)
+#define QORN_CODE(name, code, group) groups[name] = group;
+#include "tokens/tokencodes.def"
+  return groups;
+}();
+
 /** The case group of a token code. */
-[[nodiscard]] CaseGroup caseGroup(int typ);
+[[nodiscard]] constexpr CaseGroup caseGroup(int typ) { return caseGroups[typ]; }
 
 /** A comment that switches the layout or the output. */
 [[nodiscard]] constexpr bool isPragma(int typ) { return typ >= T_FORMAT_ON && typ <= T_INDENT_OFF; }
@@ -59,6 +68,17 @@ struct TokenTable {
 [[nodiscard]] constexpr bool expandsTabs(int typ) {
   return typ == T_WHITESPACE || typ == T_COMMENT || typ == T_ATTRIBUTE_NAME;
 }
+
+/** Codes of tokens in whose text a tab may be left, extended identifiers among them. */
+constexpr auto tabHolders = [] {
+  TokenTable<bool> holders(false);
+  for (const int typ : {T_IDENTIFIER, T_STRING, T_CHARACTER, T_FORMAT_ON, T_FORMAT_OFF, T_INDENT_ON,
+                        T_INDENT_OFF}) {
+    holders[typ] = true;
+  }
+  return holders;
+}();
+[[nodiscard]] constexpr bool keepsTabs(int typ) { return tabHolders[typ]; }
 
 /** The class words of an interface list or a declaration. */
 [[nodiscard]] constexpr bool isClassWord(int typ) {

@@ -32,7 +32,7 @@ constexpr auto punctuations = [] {
   std::array<Punctuation, 256> table{};
   for (auto& entry : table) entry = {T_UNKNOWN, {{'\0', 0}, {'\0', 0}}};
   for (const char delimiter : {'&', '\'', '+', '-', '|'}) {
-    table[static_cast<unsigned>(delimiter)].alone = T_DELIMITER;
+    table[static_cast<unsigned char>(delimiter)].alone = T_DELIMITER;
   }
   // clang-format off
   table[':'] = {T_COLON,     {{'=', T_VARASSIGN}}};
@@ -114,42 +114,37 @@ Match matchToken(const char* at, const char* end) {
   return matchPunctuation(at);
 }
 
-/** Appends a token and keeps count of lines and levels. */
-void takeToken(std::string_view text, int typ) {
-  if (typ == T_LPAREN) ++lexParenLevel;
-  addToken(typ == T_BAR ? "|" : text, typ);
-  if (typ == T_RPAREN) --lexParenLevel;
-  if (typ == T_NEWLINE) ++lexLine;
+/** Appends a token at the current line and level; tabs are expanded where the code says so. */
+void addToken(std::string_view text, int typ) {
+  if (!expandsTabs(typ)) {
+    lexColumn = typ == T_NEWLINE ? 0 : lexColumn + static_cast<long>(text.size());
+    yytoklist->addItemLast(new VhdlToken(typ, lexLine, lexParenLevel, text));
+    return;
+  }
+  auto* token = new VhdlToken(typ, lexLine, lexParenLevel, ReplaceTabs(text));
+  if (typ == T_ATTRIBUTE_NAME) token->deleteSpaces();
+  yytoklist->addItemLast(token);
 }
 
 }  // namespace
-
-void addToken(std::string_view text, int typ) {
-  if (expandsTabs(typ)) {
-    auto* token = new VhdlToken(typ, lexLine, lexParenLevel, ReplaceTabs(text));
-    if (typ == T_ATTRIBUTE_NAME) token->deleteSpaces();
-    yytoklist->addItemLast(token);
-    return;
-  }
-  lexColumn = typ == T_NEWLINE ? 0 : lexColumn + static_cast<long>(text.size());
-  yytoklist->addItemLast(new VhdlToken(typ, lexLine, lexParenLevel, text));
-}
 
 int yylex() {
   const SourceText source(yyin, yyname);
   const bool holdsNul = source.view().find('\0') != std::string_view::npos;
   const char* at = source.begin();
-  while (at < source.end()) {
-    if (*at == '\r') {
-      ++at;
-      continue;
-    }
-    const Match match = matchToken(at, source.end());
+  int typ = 0;
+  while (typ != T_EOF) {
+    while (*at == '\r') ++at;
+    const Match match = at == source.end() ? Match{T_EOF, 0} : matchToken(at, source.end());
     std::string_view text(at, match.length);
-    if (holdsNul) text = text.substr(0, text.find('\0'));
-    takeToken(text, match.typ);
     at += match.length;
+    typ = match.typ;
+    if (holdsNul) text = text.substr(0, text.find('\0'));
+    if (typ == T_BAR) text = "|";
+    if (typ == T_LPAREN) ++lexParenLevel;
+    addToken(text, typ);
+    if (typ == T_RPAREN) --lexParenLevel;
+    if (typ == T_NEWLINE) ++lexLine;
   }
-  addToken("", T_EOF);
   return 0;
 }

@@ -6,7 +6,6 @@
 #define QORN_TOKENS_VHDLLEXER_H
 
 #include <cstdio>
-#include <string_view>
 
 #include "base/oldlist.h"
 
@@ -20,8 +19,5 @@ extern OldList* yytoklist;
 /** Reads yyin to its end and appends its tokens, T_EOF last, to yytoklist. Returns 0. A read error
    is fatal. */
 int yylex();
-
-/** Appends a token at the current line and level; tabs are expanded where the code says so. */
-void addToken(std::string_view text, int typ);
 
 #endif

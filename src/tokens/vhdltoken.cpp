@@ -1,35 +1,26 @@
 // Texts and letter case of a token. Only the ASCII letters ever change case.
 #include "tokens/vhdltoken.h"
 
-#include <array>
-
 namespace {
 
-constexpr auto upperCased = [] {
-  std::array<char, 256> table{};
-  for (unsigned i = 0; i < table.size(); ++i) {
-    table[i] = static_cast<char>(i >= 'a' && i <= 'z' ? i - ('a' - 'A') : i);
-  }
-  return table;
-}();
+// Without a branch or a table, so that a whole word is converted at once.
+constexpr int caseDistance = 'a' - 'A';
+constexpr unsigned letterCount = 26;
 
-constexpr auto lowerCased = [] {
-  std::array<char, 256> table{};
-  for (unsigned i = 0; i < table.size(); ++i) {
-    table[i] = static_cast<char>(i >= 'A' && i <= 'Z' ? i + ('a' - 'A') : i);
-  }
-  return table;
-}();
+char lower(char letter) {
+  const bool isUpper = static_cast<unsigned char>(letter - 'A') < letterCount;
+  return static_cast<char>(letter + (isUpper ? caseDistance : 0));
+}
 
-char upper(char letter) { return upperCased[static_cast<unsigned char>(letter)]; }
-char lower(char letter) { return lowerCased[static_cast<unsigned char>(letter)]; }
+char upper(char letter) {
+  const bool isLower = static_cast<unsigned char>(letter - 'a') < letterCount;
+  return static_cast<char>(letter - (isLower ? caseDistance : 0));
+}
 
 }  // namespace
 
-int VhdlToken::attributecase = C_UPPERCASE;
-int VhdlToken::hexcase = C_LOWERCASE;
-int VhdlToken::identcase = C_LOWERCASE;
-int VhdlToken::keywordcase = C_UPPERCASE;
+// By case group: as it is, keywords, identifiers, attributes, numbers.
+int VhdlToken::caseStyles[] = {C_ASIS, C_UPPERCASE, C_LOWERCASE, C_UPPERCASE, C_LOWERCASE};
 // Never destroyed: a signal may end the run at any moment, and then nothing is to be freed.
 DynString& VhdlToken::caseBuffer = *new DynString;
 
@@ -66,18 +57,12 @@ void VhdlToken::deleteSpaces() {
 
 std::string_view VhdlToken::getCaseText(int formatting, int layout) const {
   if (formatting == 0) return viewText(0);
-  switch (caseGroup(typ)) {
-    case CASE_ASIS: return viewText(layout);
-    case CASE_ATTRIBUTE: return getUpperLowerText(layout, attributecase);
-    case CASE_IDENTIFIER: return getUpperLowerText(layout, identcase);
-    case CASE_NUMBER: return getUpperLowerText(layout, hexcase);
-    case CASE_KEYWORD: break;
-  }
-  return getUpperLowerText(layout, keywordcase);
+  const int style = caseStyles[caseGroup(typ)];
+  return style == C_ASIS ? viewText(layout) : getUpperLowerText(layout, style);
 }
 
 std::string_view VhdlToken::getUpperLowerText(int formatted, int style) const {
-  const std::string_view source = viewText(formatted);
+  const DynString& source = chosen(formatted);
   switch (style) {
     case C_CAPITALIZED: return Capitalized(source);
     case C_CAPITALIZEAFTERUNDERSCORE: return CapitalizedAfterUnderscore(source);
@@ -87,32 +72,29 @@ std::string_view VhdlToken::getUpperLowerText(int formatted, int style) const {
   }
 }
 
-std::string_view VhdlToken::LowerCase(std::string_view source) {
-  char* target = caseBuffer.rewrite(static_cast<int>(source.size()));
-  for (const char letter : source) *target++ = lower(letter);
+std::string_view VhdlToken::LowerCase(const DynString& source) {
+  caseBuffer = source;
+  caseBuffer.transform([](char letter) { return lower(letter); });
   return caseBuffer.view();
 }
 
-std::string_view VhdlToken::UpperCase(std::string_view source) {
-  char* target = caseBuffer.rewrite(static_cast<int>(source.size()));
-  for (const char letter : source) *target++ = upper(letter);
+std::string_view VhdlToken::UpperCase(const DynString& source) {
+  caseBuffer = source;
+  caseBuffer.transform([](char letter) { return upper(letter); });
   return caseBuffer.view();
 }
 
-std::string_view VhdlToken::Capitalized(std::string_view source) {
-  char* target = caseBuffer.rewrite(static_cast<int>(source.size()));
-  for (std::size_t i = 0; i < source.size(); ++i) {
-    target[i] = i == 0 ? upper(source[i]) : lower(source[i]);
-  }
+std::string_view VhdlToken::Capitalized(const DynString& source) {
+  LowerCase(source);
+  if (source.length() > 0) *caseBuffer.edit() = upper(*caseBuffer.edit());
   return caseBuffer.view();
 }
 
-std::string_view VhdlToken::CapitalizedAfterUnderscore(std::string_view source) {
-  char* target = caseBuffer.rewrite(static_cast<int>(source.size()));
-  char before = '_';  // the first character counts as one behind an underscore
-  for (const char letter : source) {
-    *target++ = before == '_' ? upper(letter) : lower(letter);
-    before = letter;
+std::string_view VhdlToken::CapitalizedAfterUnderscore(const DynString& source) {
+  Capitalized(source);
+  char* text = caseBuffer.edit();
+  for (int i = 1; i < source.length(); ++i) {
+    if (text[i - 1] == '_') text[i] = upper(text[i]);
   }
   return caseBuffer.view();
 }

@@ -57,6 +57,10 @@ class VhdlToken : public OldListItem {
   std::string_view viewText(int formatted) const { return chosen(formatted).view(); }
   /** Length of getText in bytes. */
   int textLength(int formatted) const { return chosen(formatted).length(); }
+  /** May a tab stand in its text? Those of blanks, comments and attributes have been expanded. */
+  bool mayHoldTabs() const {
+    return keepsTabs(typ) && (typ != T_IDENTIFIER || *text.get() == '\\');
+  }
   /** Takes the space characters out of the effective text. */
   void deleteSpaces();
 
@@ -67,20 +71,20 @@ class VhdlToken : public OldListItem {
   /** getText(formatted) in a case style; a code that is no style leaves it as it is. */
   std::string_view getUpperLowerText(int formatted, int style) const;
 
-  static std::string_view AsIs(std::string_view source) { return source; }
-  static std::string_view LowerCase(std::string_view source);
-  static std::string_view UpperCase(std::string_view source);
-  static std::string_view Capitalized(std::string_view source);
-  static std::string_view CapitalizedAfterUnderscore(std::string_view source);
+  static std::string_view AsIs(const DynString& source) { return source.view(); }
+  static std::string_view LowerCase(const DynString& source);
+  static std::string_view UpperCase(const DynString& source);
+  static std::string_view Capitalized(const DynString& source);
+  static std::string_view CapitalizedAfterUnderscore(const DynString& source);
 
-  static void setAttributeCase(int style) { attributecase = style; }
-  static void setHexCase(int style) { hexcase = style; }
-  static void setIdentCase(int style) { identcase = style; }
-  static void setKeywordCase(int style) { keywordcase = style; }
-  static int getAttributeCase() { return attributecase; }
-  static int getHexCase() { return hexcase; }
-  static int getIdentCase() { return identcase; }
-  static int getKeywordCase() { return keywordcase; }
+  static void setAttributeCase(int style) { caseStyles[CASE_ATTRIBUTE] = style; }
+  static void setHexCase(int style) { caseStyles[CASE_NUMBER] = style; }
+  static void setIdentCase(int style) { caseStyles[CASE_IDENTIFIER] = style; }
+  static void setKeywordCase(int style) { caseStyles[CASE_KEYWORD] = style; }
+  static int getAttributeCase() { return caseStyles[CASE_ATTRIBUTE]; }
+  static int getHexCase() { return caseStyles[CASE_NUMBER]; }
+  static int getIdentCase() { return caseStyles[CASE_IDENTIFIER]; }
+  static int getKeywordCase() { return caseStyles[CASE_KEYWORD]; }
 
   // --- Wrapping ---
 
@@ -105,13 +109,10 @@ class VhdlToken : public OldListItem {
 
  private:
   const DynString& chosen(int formatted) const {
-    return formatted != 0 && hasFormatText == 1 ? formatText : text;
+    return hasFormatText != 0 && formatted != 0 ? formatText : text;
   }
 
-  static int attributecase;
-  static int hexcase;
-  static int identcase;
-  static int keywordcase;
+  static int caseStyles[caseGroupCount];
   static DynString& caseBuffer;
 
   std::int16_t typ;
@@ -122,7 +123,7 @@ class VhdlToken : public OldListItem {
   int column = 0;                  // columns; written by the line layout
   int lineNo;                      // source line; 0 if the formatter inserted the token
   DynString text;                  // from the source, tabs expanded
-  DynString formatText;
+  DynString formatText;            // what is printed instead
 };
 
 #endif

@@ -1,0 +1,1 @@
+autocmd BufRead,BufNewFile .qornrc,qornrc,*.qornrc setfiletype qornrc

@@ -1,0 +1,14 @@
+" Formats VHDL by qorn: :Qorn for the buffer, :[range]Qorn for lines of it. See doc/qorn.txt.
+
+if exists('g:loaded_qorn')
+  finish
+endif
+let g:loaded_qorn = 1
+
+command! -range=% -bar Qorn call qorn#Format(<line1>, <line2>)
+
+augroup qorn
+  autocmd!
+  autocmd BufWritePre *.vhd,*.vhdl if get(b:, 'qorn_on_write', get(g:, 'qorn_on_write', 0)) |
+        \ call qorn#Format(1, line('$')) | endif
+augroup END

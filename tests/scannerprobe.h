@@ -49,12 +49,15 @@ class ScannerProbe : public VhdlScanner {
     lexInto(list(), source);
     list().getFirst();
   }
-  /** Scans and runs the passes, as for a file. */
-  void layOut(std::string_view source) {
-    scan(source);
+  /** What follows the lexer, as for a file. */
+  void runPasses() {
     if (keepIndentation == 1) KeepIndentation();
     Format();
     LineBreak();
+  }
+  void layOut(std::string_view source) {
+    scan(source);
+    runPasses();
   }
   OldList& list() { return tokenList(*this); }
   VhdlToken* token() { return anchorToken(); }
@@ -99,6 +102,7 @@ class ScannerProbe : public VhdlScanner {
   LineRuler& lineRuler() { return ruler; }
 
   // clang-format off
+  using VhdlScanner::associationList;     using VhdlScanner::interfaceIdentifierList;
   using VhdlScanner::commentColumn;       using VhdlScanner::commentStartColumn;
   using VhdlScanner::deleteNewline;       using VhdlScanner::determineContext;
   using VhdlScanner::extendComments;      using VhdlScanner::Format;

@@ -64,6 +64,8 @@ TEST(ProgramTest, TakesWhateverBytesCome) {
       {"no line end at the end", "use a", "USE a"},
       {"carriage returns", "use a ;\r\n--x\r\nuse b\r", "USE a;\n--x\nUSE b"},
       {"bytes beyond ASCII", "--\x80\xff\nuse \xe4 ;\n", "--\x80\xff\nUSE \xe4;\n"},
+      {"a long token", "--QORN-OFF\n\"" + std::string(200000, 'x') + "\"\n",
+       "--QORN-OFF\n\"" + std::string(200000, 'x') + "\"\n"},
       {"zeros", std::string("use a\0 ;\n\0", 10), "USE a;\n"},
   };
   for (const Case& row : cases) {

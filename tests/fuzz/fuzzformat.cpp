@@ -1,0 +1,206 @@
+// The whole pipeline. A text that begins with # and nine bytes chooses its settings by them; any
+// other text gets the defaults.
+//
+// Checked on the list behind the passes and on the output: no token is lost, moved or changed but
+// in its blanks, comments keep their words, what stands behind "--QORN-OFF" comes back, and the
+// output is bounded.
+#include <algorithm>
+#include <array>
+
+#include "base/ascii.h"
+#include "fuzzing.h"
+#include "pipelinerun.h"
+#include "scannerprobe.h"
+
+namespace {
+
+constexpr std::string_view blanks = " \t\n\v\f\r";
+constexpr std::string_view blockCharacters = "-=*";
+constexpr std::string_view offLine = "--QORN-OFF\n";
+constexpr std::size_t headerSize = 10;
+
+// --- Settings ---
+
+struct Choice {
+  const char* name;  // as in ScannerProbe::numbers
+  int byte;          // of the header
+  std::array<int, 8> values;
+};
+
+constexpr Choice choices[] = {
+    {"lineWidth", 1, {80, 0, 1, 20, 40, 60, 132, 1000}},
+    {"indentation", 2, {4, 0, 1, 2, 3, 8, 40, 100}},
+    {"identLength", 3, {20, 0, 1, 5, 10, 30, 80, 1000}},
+    {"commentStartColumn", 4, {40, -1, 0, 1, 20, 60, 79, 200}},
+    {"oldTabsize", 5, {4, 0, 1, 2, 3, 8, 16, 100}},
+    {"tabSize", 6, {4, 0, 1, 2, 3, 8, 16, 100}},
+    {"tabify", 6, {0, 0, 0, 0, 1, 1, 1, 1}},
+    {"style", 7, {C_A, C_B, C_A, C_B, C_A, C_B, C_A, C_B}},
+    {"extendComments", 7, {1, 1, 0, 0, 1, 1, 0, 0}},
+    {"frameBlockComments", 7, {0, 0, 0, 0, 1, 1, 1, 1}},
+    {"interfaceIdentifierList",
+     8,
+     {C_WRAPPED, C_VERBOSE, C_ASIS, C_LIST, C_WRAPPED, C_VERBOSE, C_ASIS, C_LIST}},
+    {"associationList",
+     8,
+     {C_WRAPPED, C_VERBOSE, C_ASIS, C_LIST, C_ASIS, C_LIST, C_WRAPPED, C_VERBOSE}},
+};
+
+constexpr std::array caseStyles = {C_ASIS,      C_CAPITALIZED, C_CAPITALIZEAFTERUNDERSCORE,
+                                   C_LOWERCASE, C_UPPERCASE,   C_TRUE};
+
+unsigned byteAt(std::string_view header, int place) {
+  return static_cast<unsigned char>(header[static_cast<std::size_t>(place)]);
+}
+
+int& setting(VhdlScanner& scanner, std::string_view name) {
+  const auto* number = std::ranges::find(ScannerProbe::numbers, name, &ScannerProbe::Number::name);
+  return scanner.*number->member;
+}
+
+/** Sets what the header says; with an empty one, the defaults. */
+void configure(VhdlScanner& scanner, std::string_view header) {
+  setDefaultCases();
+  if (header.empty()) return;
+  for (const Choice& choice : choices) {
+    setting(scanner, choice.name) = choice.values[byteAt(header, choice.byte) % 8];
+  }
+  setting(scanner, "commentColumn") = setting(scanner, "commentStartColumn");
+  const unsigned last = byteAt(header, 9);
+  if (last % 2 == 1) scanner.setKeepIndentation();
+  VhdlToken::setKeywordCase(caseStyles[last / 2 % 6]);
+  VhdlToken::setIdentCase(caseStyles[last / 3 % 6]);
+  VhdlToken::setHexCase(caseStyles[last / 5 % 6]);
+  VhdlToken::setAttributeCase(caseStyles[last / 7 % 6]);
+}
+
+// --- Properties ---
+
+std::string folded(std::string text) {
+  std::ranges::transform(text, text.begin(), asciiUpper);
+  return text;
+}
+
+/** The words of a comment, without the marks and fillers that reflowing adds and takes away. */
+void addWords(std::string& words, std::string_view comment, std::string_view mark) {
+  if (comment.starts_with(mark)) comment.remove_prefix(mark.size());
+  while (!comment.empty()) {
+    const std::size_t end = std::min(comment.find(' '), comment.size());
+    const std::string_view word = comment.substr(0, end);
+    const std::size_t last = word.find_last_not_of(blockCharacters);
+    if (last != word.npos) words.append(word.substr(0, last + 1)).append(" ");
+    comment.remove_prefix(std::min(end + 1, comment.size()));
+  }
+}
+
+/** What has become of one token of the source. */
+void requireKept(const VhdlToken& token, const Lexed& source) {
+  const std::string_view text = token.viewText(1);
+  require(token.getTyp() == source.typ && token.viewText(0) == source.text, "sources stay");
+  if (source.typ == T_WHITESPACE || source.typ == T_NEWLINE) {
+    require(without(text, blanks).empty(), "blanks stay blank", text);
+  } else if (source.typ != T_COMMENT) {
+    require(without(text, blanks) == without(source.text, blanks), "code stays", text);
+  }
+}
+
+void requireInserted(const VhdlToken& token) {
+  const int typ = token.getTyp();
+  require(typ == T_WHITESPACE || typ == T_NEWLINE || typ == T_COMMENT, "layout is inserted");
+  require(token.viewText(0).empty(), "an inserted token has no source");
+  if (typ != T_COMMENT) require(without(token.viewText(1), blanks).empty(), "with blanks alone");
+}
+
+/** The list behind the passes holds the tokens of the source in their order. */
+void requireSourceKept(OldList& list, const std::vector<Lexed>& source) {
+  std::size_t next = 0;
+  std::string words;
+  std::string sourceWords;
+  list.getFirst();  // the sentinel
+  while (const auto* token = static_cast<const VhdlToken*>(list.getNext())) {
+    const bool isInserted = token->getLineNo() == 0;
+    if (isInserted) {
+      requireInserted(*token);
+    } else {
+      require(next < source.size(), "no token comes from nowhere");
+      requireKept(*token, source[next++]);
+    }
+    if (token->getTyp() != T_COMMENT) continue;
+    addWords(words, token->viewText(1), isInserted ? "-- " : "--");
+    addWords(sourceWords, token->viewText(0), "--");
+  }
+  require(next == source.size(), "no token is lost");
+  require(words == sourceWords, "comments keep their words", words + "\n" + sourceWords);
+}
+
+/** The output shows the tokens by the switches of the pragma comments, and nothing else. */
+void requireListPrinted(OldList& list, std::string_view output) {
+  std::string expected;
+  int formatting = 1;
+  int layout = 1;
+  list.getFirst();
+  while (const auto* token = static_cast<const VhdlToken*>(list.getNext())) {
+    const int typ = token->getTyp();
+    if (typ == T_FORMAT_ON || typ == T_FORMAT_OFF) formatting = typ == T_FORMAT_ON ? 1 : 0;
+    if (typ == T_INDENT_ON || typ == T_INDENT_OFF) layout = typ == T_INDENT_ON ? 1 : 0;
+    expected += without(token->viewText(formatting & layout), blanks);
+  }
+  require(folded(without(output, blanks)) == folded(expected), "output is the list", output);
+}
+
+/** A column is made of texts to its left, here or on the lines that the indent comes from, with at
+    most one step for each token, and comments reach to the line's width. Every printed line end
+    stands before or behind a token or a piece of a comment. */
+void requireBounded(VhdlScanner& scanner, const std::vector<Lexed>& source,
+                    std::string_view output) {
+  const int step = std::max(setting(scanner, "indentation"), setting(scanner, "identLength")) + 16;
+  const int margin = setting(scanner, "lineWidth") + setting(scanner, "commentStartColumn");
+  std::size_t bytes = 0;
+  for (const Lexed& token : source) bytes += token.text.size();
+  const std::size_t widest = bytes + source.size() * static_cast<std::size_t>(step) +
+                             static_cast<std::size_t>(std::max(margin, 0)) + 16;
+  std::size_t lines = 0;
+  for (std::size_t at = 0; at < output.size(); ++lines) {
+    const std::size_t end = std::min(output.find('\n', at), output.size());
+    require(end - at <= widest, "no line is wider than its tokens call for", output);
+    at = end + 1;
+  }
+  require(lines <= 2 * source.size() + bytes, "line ends are bounded", output);
+}
+
+/** A text behind "--QORN-OFF" comes back as the lexer read it. */
+void requireOffComesBack(std::string_view header, std::string_view text,
+                         const std::vector<Lexed>& source) {
+  std::string expected(offLine);
+  for (const Lexed& token : source) {
+    if (token.typ == T_FORMAT_ON) return;
+    expected += token.text;
+  }
+  resetLexer();
+  VhdlScanner scanner;
+  configure(scanner, header);
+  setting(scanner, "tabify") = 0;
+  require(formatted(scanner, std::string(offLine).append(text)) == expected, "off is off", text);
+}
+
+}  // namespace
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const std::string_view input = viewInput(data, size);
+  const bool isConfigured = size >= headerSize && input[0] == '#';
+  const std::string_view header = input.substr(0, isConfigured ? headerSize : 0);
+  const std::string_view text = input.substr(header.size());
+  VhdlScanner scanner;
+  configure(scanner, header);
+  const std::vector<Lexed> source = lexed(text, setting(scanner, "oldTabsize"));
+  resetLexer();
+  const std::string output = formatted(scanner, text);
+  OldList& list = ScannerProbe::tokenList(scanner);
+  require(list.countPushedAnchors() == 0, "every anchor saved is restored");
+  requireWholeLinks(list);
+  requireSourceKept(list, source);
+  requireListPrinted(list, output);
+  requireBounded(scanner, source, output);
+  requireOffComesBack(header, text, source);
+  return 0;
+}

@@ -1,0 +1,97 @@
+// What the fuzz targets share. A target is a function over one text; it aborts where a property
+// does not hold. The lexer's counters run on from text to text, so that a target sets them back
+// first: a finding must show itself again when its text is run alone.
+#ifndef QORN_TESTS_FUZZ_FUZZING_H
+#define QORN_TESTS_FUZZ_FUZZING_H
+
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "tokendump.h"
+#include "tokens/tabs.h"
+#include "tokens/vhdltoken.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
+
+/** Ends the run with a message unless the property holds. */
+inline void require(bool holds, std::string_view property, std::string_view shown = "") {
+  if (holds) return;
+  std::fprintf(stderr, "\nproperty fails: %s\n%s\n", std::string(property).c_str(),
+               std::string(shown).c_str());
+  std::abort();
+}
+
+inline std::string_view viewInput(const std::uint8_t* data, std::size_t size) {
+  return {reinterpret_cast<const char*>(data), size};
+}
+
+/** A stream that reads the text, which must outlive it. */
+class TextStream {
+ public:
+  explicit TextStream(std::string_view text)
+      : stream(fmemopen(const_cast<char*>(text.data()), text.size(), "r")) {}
+  TextStream(const TextStream&) = delete;
+  TextStream& operator=(const TextStream&) = delete;
+  ~TextStream() { std::fclose(stream); }
+  FILE* get() const { return stream; }
+
+ private:
+  FILE* stream;
+};
+
+/** Brings the lexer back to level 0 and column 0. */
+inline void resetLexer() {
+  OldList list;
+  lexInto(list, "\n");
+  const int level = static_cast<VhdlToken*>(list.getLast())->getParenLevel();
+  const auto count = static_cast<std::size_t>(std::abs(level));
+  lexInto(list, std::string(count, level > 0 ? ')' : '(') + "\n");
+  lexColumn = 0;
+}
+
+/** The links of a list lead through the same items forward and backward. */
+inline void requireWholeLinks(OldList& list) {
+  std::vector<const OldListItem*> items;
+  for (auto* item = list.getFirst(); item != nullptr; item = list.getNext()) items.push_back(item);
+  for (auto* item = list.getLast(); item != nullptr; item = list.getPrev()) {
+    require(!items.empty() && items.back() == item, "links are whole backward");
+    items.pop_back();
+  }
+  require(items.empty(), "links are whole forward");
+}
+
+/** What the lexer says of a token. */
+struct Lexed {
+  int typ;
+  std::string text;
+
+  bool operator==(const Lexed&) const = default;
+};
+
+/** The tokens of a text, T_EOF included, by a lexer that has been set back. */
+inline std::vector<Lexed> lexed(std::string_view text, int tabSize = 4) {
+  resetLexer();
+  OldList list;
+  lexInto(list, text, tabSize);
+  requireWholeLinks(list);
+  std::vector<Lexed> tokens;
+  for (auto* item = list.getFirst(); item != nullptr; item = list.getNext()) {
+    const auto& token = static_cast<const VhdlToken&>(*item);
+    tokens.push_back({token.getTyp(), std::string(token.viewText(0))});
+  }
+  return tokens;
+}
+
+/** The text without the characters. */
+inline std::string without(std::string_view text, std::string_view characters) {
+  std::string result(text);
+  std::erase_if(result, [&](char letter) { return characters.find(letter) != characters.npos; });
+  return result;
+}
+
+#endif

@@ -72,6 +72,7 @@ std::string soup(unsigned seed) {
                                                "\n",
                                                "\t",
                                                "$",
+                                               "-- c\r",
                                                "--\n",
                                                "-- c\n",
                                                "--qorn-off\n",
@@ -95,7 +96,7 @@ std::string bytes(unsigned seed) {
   std::string text;
   for (auto count = random() % 600; count > 0; --count) {
     text +=
-        static_cast<char>(random() % 8 == 0 ? random() % 256 : " ;(\n-'\"ab1:=\t"[random() % 13]);
+        static_cast<char>(random() % 8 == 0 ? random() % 256 : " ;(\n-'\"ab1:=\t\r"[random() % 14]);
   }
   return text;
 }

@@ -177,6 +177,7 @@ TEST(Properties, SourceTextsGiveTheInputBack) {
     ScannerProbe probe;
     probe.layOut(input.text);
     std::string expected = input.text;
+    std::erase(expected, '\r');
     for (std::size_t tab; (tab = expected.find('\t')) != std::string::npos;) {
       const std::size_t line = expected.rfind('\n', tab) + 1;
       expected.replace(tab, 1, 4 - (tab - line) % 4, ' ');

@@ -94,9 +94,10 @@ std::string soup(unsigned seed) {
 std::string bytes(unsigned seed) {
   std::mt19937 random(seed);
   std::string text;
+  static constexpr std::string_view likely = " ;(\n-'\"ab1:=\t\r";
   for (auto count = random() % 600; count > 0; --count) {
-    text +=
-        static_cast<char>(random() % 8 == 0 ? random() % 256 : " ;(\n-'\"ab1:=\t\r"[random() % 14]);
+    const bool isLikely = random() % 8 != 0;
+    text += isLikely ? likely[random() % likely.size()] : static_cast<char>(random() % 256);
   }
   return text;
 }

@@ -41,9 +41,9 @@ process(clk) begin if clk='1' then q<='0'; end if; end process;\nend A;\n")
       (should (equal (buffer-string) "a<=b;\n        c <= d;\n        e <= f;\ng<=h;\n")))))
 
 (ert-deftest region-ends-in-a-statement ()
-  (with-text "entity e is\nend;\n" "e"
+  (with-text "x<=\nr;\n" "x"
     (qorn-region (point) (1+ (point)))
-    (should (equal (buffer-string) "ENTITY e IS\nend;\n"))))
+    (should (equal (buffer-string) "x <=\nr;\n"))))
 
 (ert-deftest failure ()
   (let ((qorn-config "none.rc"))

@@ -56,19 +56,19 @@ a<=b;
 --QORN-OFF
 e<=f;
 --QORN-ON
-entity d is
-end;
+z<=
+r;
 END
 git add . && git commit -qm two
-sed 's/<=d/<=x/; s/y d/y x/; s/f/x/' lines.vhd >edited && printf 'end process' >>edited && mv edited lines.vhd && git add lines.vhd
+sed 's/<=d/<=x/; s/z</x</; s/f/x/' lines.vhd >edited && printf 'end process' >>edited && mv edited lines.vhd && git add lines.vhd
 ends 'lines' 0 git qorn -l lines.vhd
 equal 'what has changed' 'a<=b;
   c <= x;
 --QORN-OFF
 e<=x;
 --QORN-ON
-ENTITY x IS
-end;
+x <=
+r;
 END PROCESS' "$(cat lines.vhd)"
 equal 'in the index as well' "$(cat lines.vhd)" "$(staged lines.vhd)"
 git commit -qm three

@@ -43,7 +43,7 @@ class DynString {
   /** Takes a copy, which may come from this string itself. Null or empty leaves it unset. */
   void set(const char* text) { set(text == nullptr ? std::string_view() : std::string_view(text)); }
   void set(std::string_view text) {
-    if (text.size() > inlineMax || !isInline()) {
+    if (text.size() > inlineMax || !isInline()) [[unlikely]] {
       setLong(text);
     } else {
       copyShort(store.chars, text.data(), text.size());
@@ -52,7 +52,7 @@ class DynString {
   }
   /** The text becomes that many blanks; unset for 0 or less. */
   void setBlanks(int count) {
-    if (count > inlineMax || !isInline()) {
+    if (count > inlineMax || !isInline()) [[unlikely]] {
       setLongBlanks(count);
     } else {
       std::memset(store.chars, ' ', sizeof(store.chars));
@@ -116,7 +116,7 @@ class DynString {
   bool isInline() const { return tag() <= inlineMax; }
   bool isHeap() const { return tag() == heapTag; }
   void becomeUnset() {
-    store.chars[0] = '\0';
+    store = Store{};
     setTag(inlineMax);
   }
   void release() {

@@ -3,6 +3,7 @@
 // comment has two more of them in front of it.
 #include <algorithm>
 
+#include "base/columns.h"
 #include "tokens/vhdltoken.h"
 
 namespace {
@@ -36,7 +37,7 @@ void VhdlToken::alignComment(int width, std::string_view chars, int frame) {
     drawn.truncate(end);
     if (mark != '-') drawn.catRepeated(pairLength, mark);
   } else {
-    drawn.catRepeated(width - indent - count, filler);
+    drawn.catRepeated(addColumns(width, -indent) - count, filler);
     drawn.catRepeated(pairLength, mark);
   }
   setFormatText(std::move(drawn));
@@ -45,7 +46,7 @@ void VhdlToken::alignComment(int width, std::string_view chars, int frame) {
 void VhdlToken::trimmComment(int width, std::string_view pair) {
   if (typ != T_COMMENT) return;
   const std::string_view source = viewText(1);
-  const int room = width - indent;
+  const int room = addColumns(width, -indent);
   const int count = static_cast<int>(source.size());
   if (count < room || count <= pairLength || !source.ends_with(pair)) return;
   const char mark = pair[0];
@@ -66,7 +67,7 @@ DynString* VhdlToken::stripComment(int width, std::string_view chars) {
   if (pair.length() > 0) trimmComment(width, pair.view());
   const std::string_view source = viewText(1);
   if (indent <= width - static_cast<int>(source.size())) return nullptr;
-  const int limit = width - indent - (pair.length() > 0 ? pairLength + 1 : 0);
+  const int limit = addColumns(width, -indent) - (pair.length() > 0 ? pairLength + 1 : 0);
   if (limit <= 0) return nullptr;
   const std::size_t blank = source.rfind(' ', static_cast<std::size_t>(limit));
   if (blank == std::string_view::npos || blank < continuationMark.size()) return nullptr;

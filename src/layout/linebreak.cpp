@@ -47,6 +47,16 @@ struct VhdlScanner::LineInHand {
 
 namespace {
 
+/** Tokens that need nothing but their column as long as the line fits. */
+constexpr auto isPlain = [] {
+  TokenTable<bool> plain(true);
+  for (const int typ : {T_NEWLINE, T_COMMENT, T_FORMAT_ON, T_FORMAT_OFF, T_INDENT_ON, T_INDENT_OFF,
+                        T_STRING, T_CHARACTER}) {
+    plain[typ] = false;
+  }
+  return plain;
+}();
+
 bool isBlank(const VhdlToken& token) {
   return token.getTyp() == T_WHITESPACE || token.getTyp() == T_NEWLINE;
 }
@@ -64,6 +74,7 @@ void VhdlScanner::LineBreak() {
     const int length = token->textLength(1);
     token->setColumn(static_cast<int>(line.width));
     line.width += length;
+    if (line.width <= lineWidth && isPlain[typ] && !token->isExtended()) continue;
     if (typ == T_NEWLINE && length > 0) {
       line.start(/*nextIsNew*/ true);
       line.shifts.clear();
@@ -204,6 +215,7 @@ void VhdlScanner::finishLine(LineInHand& line) {
 }
 
 void VhdlScanner::breakComments(LineInHand& line) {
+  ruler.forget();  // the comment may be one that was passed before
   BreakComment();
   line.start(/*nextIsNew*/ true);
   const VhdlToken* token = anchorToken();

@@ -5,6 +5,7 @@
 #include <cerrno>
 #include <cstring>
 
+#include "base/columns.h"
 #include "base/shortcopy.h"
 #include "scanner/vhdlscanner.h"
 
@@ -61,7 +62,7 @@ void VhdlScanner::Print(FILE* stream) {
   OutputBuffer output(outFile);
   int formatting = 1;
   int layout = 1;
-  int column = 0;  // of the output, in bytes before blanks turn into tabs
+  long long column = 0;  // of the output, in bytes before blanks turn into tabs
   tokenList.getFirst();
   while (const VhdlToken* token = stepForward()) {
     const int typ = token->getTyp();
@@ -75,8 +76,8 @@ void VhdlScanner::Print(FILE* stream) {
       output.write("\n");
       column = 0;
     } else {
-      output.write(tabify == 0 ? text : tabified(typ, column, text));
-      column += static_cast<int>(text.size());
+      output.write(tabify == 0 ? text : tabified(typ, heldInRange(column), text));
+      column += static_cast<long long>(text.size());
     }
   }
   output.flush();
@@ -123,7 +124,7 @@ std::string_view VhdlScanner::Tabify(int start, std::string_view text) {
     result.cat(TabifyWhitespace(column, text.substr(at, end - at)));
     const std::size_t next = std::min(text.find(' ', end), text.size());
     result.cat(text.substr(end, next - end));
-    column += static_cast<int>(next - at);
+    column = addColumns(column, static_cast<int>(next - at));
     at = next;
   }
   tabifyBuffer = std::move(result);
@@ -135,7 +136,7 @@ std::string_view VhdlScanner::TabifyWhitespace(int start, std::string_view text)
   if (count < shortestTabRun) return text;
   const int distance = std::max(tabSize, 1);
   const int toFirstStop = distance - start % distance;
-  const int rest = (start + count) % distance;
+  const int rest = addColumns(start, count) % distance;
   if (count < toFirstStop) return text;
   tabifyBuffer.set(std::string_view());
   tabifyBuffer.catRepeated((count - toFirstStop - rest) / distance + 1, '\t');

@@ -2,13 +2,13 @@
 //
 // Each break of a line moves the indents further on in it that lie beyond a limit. A line may hold
 // millions of tokens and thousands of breaks, so the shifts are not made when they arise: they wait
-// here, in order, until a token is reached. The running sum settles most indents at once: one that
-// stays above every limit on its way takes the whole sum, one at or below the smallest limit
-// nothing, and only what lies between goes through the list.
+// here, in order, until a token is reached. Sums kept along the list settle most indents at once:
+// one that stays above every limit on its way takes the whole sum, one at or below the smallest
+// limit nothing; of any other a search finds the first limit that it does not exceed.
 #ifndef QORN_LAYOUT_PENDINGSHIFTS_H
 #define QORN_LAYOUT_PENDINGSHIFTS_H
 
-#include <climits>
+#include <cstddef>
 #include <vector>
 
 class PendingShifts {
@@ -24,12 +24,14 @@ class PendingShifts {
   struct Shift {
     int limit;
     int shift;
+    long long before;   // sum of the shifts before this one
+    long long highest;  // an indent above it takes every shift up to this one
   };
+  int smallestLimitFrom(std::size_t place) const;
 
-  std::vector<Shift> shifts;      // oldest first
-  long long total = 0;            // sum of all shifts
-  int smallestLimit = INT_MAX;    // an indent not above it is never shifted
-  long long highest = LLONG_MIN;  // an indent above it is shifted by every one
+  std::vector<Shift> shifts;        // oldest first
+  std::vector<std::size_t> minima;  // places whose limit is below all later ones, ascending
+  long long total = 0;              // sum of all shifts
 };
 
 #endif

@@ -38,6 +38,7 @@ int VhdlScanner::determineTargetLength(int typ, int orTyp) {
   if (anchorToken()->getLineNo() <= targetEndLine) return targetLength;
   targetLength = prevTargetLength();
   const AnchorGuard guard(tokenList);
+  if (!goBeforeSemicolon()) return targetLength;
   bool isAssigned = true;  // has the statement in hand shown its assignment token?
   int semicolonLine = 0;
   while (const VhdlToken* token = stepForward()) {
@@ -55,6 +56,24 @@ int VhdlScanner::determineTargetLength(int typ, int orTyp) {
     }
   }
   return targetLength;
+}
+
+bool VhdlScanner::goBeforeSemicolon() {
+  OldListRefItem* cursor = tokenList.getAnchorNode();
+  if (!stopIndex.isBuilt()) {
+    int steps = 0;
+    const VhdlToken* token = stepForward();
+    for (; token != nullptr && token->getTyp() != T_SEMICOLON; token = stepForward()) ++steps;
+    if (token == nullptr) {
+      stopIndex.build(cursor);
+      return false;
+    }
+    stopIndex.countSteps(cursor, steps);
+  } else {
+    tokenList.setAnchorNode(stopIndex.nextSemicolon());
+  }
+  stepBack();
+  return tokenList.getAnchorNode() != nullptr;
 }
 
 int VhdlScanner::blanksBeforeAssignment(int typ, int orTyp) {

@@ -128,8 +128,16 @@ bool VhdlScanner::waitFor(int typ, int orTyp) {
 }
 
 int VhdlScanner::determineContext() {
+  const int context = findContext();
+  contextMark = tokenList.getAnchorNode();
+  contextTyp = context;
+  return context;
+}
+
+int VhdlScanner::findContext() {
   const AnchorGuard guard(tokenList);
   while (const VhdlToken* token = stepBack()) {
+    if (tokenList.getAnchorNode() == contextMark) return contextTyp;
     switch (token->getTyp()) {
       case T_COLON: return T_COLON;
       case T_ALIAS:

@@ -35,6 +35,17 @@ int countTabColumns(const VhdlToken& token, int formatted, int tabWidth) {
   return timesColumns(static_cast<int>(tabs), tabWidth - 1);
 }
 
+OldListRefItem* LineRuler::findFirst(OldListRefItem* place) const {
+  OldListRefItem* earliest = place;
+  for (OldListRefItem* node = place->getPrev(); node != nullptr; node = node->getPrev()) {
+    if (node == mark) return first;
+    if (tokenOf(node).getTyp() == T_WHITESPACE) continue;
+    if (isLineEnd(tokenOf(node), 1)) break;
+    earliest = node;
+  }
+  return skipBlanks(earliest);
+}
+
 LineRuler::Reading LineRuler::read(OldListRefItem* place, int tabWidth) {
   int column = 0;
   int behindMark = 0;                 // columns between the new mark and the place
@@ -48,7 +59,7 @@ LineRuler::Reading LineRuler::read(OldListRefItem* place, int tabWidth) {
       continue;
     }
     if (isLineEnd(token, 1)) break;
-    if (newMark == nullptr && !isSpacing(token.getTyp())) {
+    if (newMark == nullptr && token.getTyp() != T_NEWLINE) {
       newMark = node;
       behindMark = column;
     }
@@ -69,4 +80,19 @@ LineRuler::Reading LineRuler::read(OldListRefItem* place, int tabWidth) {
   assert(reading.first == readPlainly(place, tabWidth).first);
   assert(reading.column == readPlainly(place, tabWidth).column);
   return reading;
+}
+
+int LineRuler::readSource(const OldListRefItem* place, int tabWidth) {
+  long long column = 0;
+  const OldListRefItem* node = place->getPrev();
+  while (node != nullptr && node != sourceMark && !isLineEnd(tokenOf(node), 0)) {
+    column += countColumns(tokenOf(node), 0, tabWidth);
+    node = node->getPrev();
+  }
+  if (node != nullptr && node == sourceMark && !isLineEnd(tokenOf(node), 0)) {
+    column += sourceColumn + static_cast<long long>(countColumns(tokenOf(node), 0, tabWidth));
+  }
+  sourceMark = place;
+  sourceColumn = heldInRange(column);
+  return sourceColumn;
 }

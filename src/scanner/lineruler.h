@@ -5,7 +5,7 @@
 // first token and how wide the line is up to some token already passed, the mark; a reading walks
 // back to the mark only, and moves the mark on.
 //
-// Invariant, while there is a mark: it is no blank, line end or comment, whose text may still
+// Invariant, while there is a mark: it is no blank, no line end, and no comment that may still
 // change; no line end is printed between `first` and the mark; and `width` counts the columns of
 // all that stands on the line up to and including the mark. It holds because the pass changes
 // blanks and line ends behind the mark only, with two exceptions that it reports: the blank in
@@ -29,15 +29,29 @@ class LineRuler {
      be the line end that closes the line. A tab counts `tabWidth` columns. */
   Reading read(OldListRefItem* place, int tabWidth);
 
+  /** The reading's first token alone, which leaves the mark where it is. */
+  [[nodiscard]] OldListRefItem* findFirst(OldListRefItem* place) const;
+
+  /** The columns before `place` on its line of the source. */
+  [[nodiscard]] int readSource(const OldListRefItem* place, int tabWidth);
+
   /** The blank before the line's first token has become wider by that many columns. */
   void indented(int columns) { width = addColumns(width, columns); }
 
+  /** Forgets the output line: its marked stretch may change. */
   void forget() { mark = nullptr; }
+  /** Forgets all nodes, as when the list goes. */
+  void reset() {
+    mark = nullptr;
+    sourceMark = nullptr;
+  }
 
  private:
   OldListRefItem* first = nullptr;
   OldListRefItem* mark = nullptr;
-  int width = 0;  // columns
+  int width = 0;                               // columns
+  const OldListRefItem* sourceMark = nullptr;  // source texts never change
+  int sourceColumn = 0;                        // columns before it on its source line
 };
 
 /** Columns that the tabs of a token's text take beyond one each, if a tab counts `tabWidth`. */

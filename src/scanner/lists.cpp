@@ -11,32 +11,6 @@
 
 namespace {
 
-/** The columns that a word claims, itself and one blank, in the table of its kind; 0 in none. */
-constexpr auto modeWidths = [] {
-  TokenTable<int> widths(0);
-  // clang-format off
-  widths[T_IN]      = 3;
-  widths[T_OUT]     = 4;
-  widths[T_INOUT]   = 6;
-  widths[T_BUFFER]  = 7;
-  widths[T_LINKAGE] = 8;
-  // clang-format on
-  return widths;
-}();
-
-constexpr auto classWidths = [] {
-  TokenTable<int> widths(0);
-  // clang-format off
-  widths[T_FILE]     = 5;
-  widths[T_ALIAS]    = 6;
-  widths[T_GROUP]    = 6;
-  widths[T_SIGNAL]   = 7;
-  widths[T_CONSTANT] = 9;
-  widths[T_VARIABLE] = 9;
-  // clang-format on
-  return widths;
-}();
-
 constexpr int interfaceExtra = 9;  // an interface name may be that much longer than other names
 
 /** Does a look-ahead that began at `level` end with this token? */
@@ -121,10 +95,14 @@ void VhdlScanner::InterfaceList() {
 }
 
 int VhdlScanner::LongestInterfaceIdentifier() {
+  const OldListRefItem* cursor = tokenList.getAnchorNode();
   const AnchorGuard guard(tokenList);
   const int level = getParenLevel();
+  const bool isOpen = isLeftOpen(level);
+  if (isOpen && stopIndex.wordsAreSet()) return T_EOF;
   lookForInOutLinkage();
   const int classColumn = lookForSignalConstantVariable();
+  if (isOpen) return T_EOF;
   int length = 0;
   int longest = 0;
   while (const VhdlToken* token = stepForward()) {
@@ -142,16 +120,17 @@ int VhdlScanner::LongestInterfaceIdentifier() {
       length = addColumns(length, token->textLength(1));
     }
   }
+  if (cursor != nullptr) stopIndex.build(cursor);
   return T_EOF;
 }
 
-void VhdlScanner::lookForInOutLinkage() {
-  setWordColumn([](int typ) { return modeWidths[typ]; });
+bool VhdlScanner::isLeftOpen(int level) const {
+  return stopIndex.isBuilt() && !stopIndex.hasListEnd(level);
 }
 
-int VhdlScanner::lookForSignalConstantVariable() {
-  return setWordColumn([](int typ) { return classWidths[typ]; });
-}
+void VhdlScanner::lookForInOutLinkage() { setWordColumn(modeWidth); }
+
+int VhdlScanner::lookForSignalConstantVariable() { return setWordColumn(classWidth); }
 
 int VhdlScanner::setWordColumn(int (*widthOf)(int typ)) {
   const int level = getParenLevel();
@@ -205,8 +184,10 @@ void VhdlScanner::AssociationList(int level) {
 }
 
 int VhdlScanner::LongestAssociationIdentifier(int& hasArrow) {
-  const AnchorGuard guard(tokenList);
   const int level = getParenLevel();
+  if (isLeftOpen(level)) return T_EOF;
+  const OldListRefItem* cursor = tokenList.getAnchorNode();
+  const AnchorGuard guard(tokenList);
   int length = 0;
   int longest = 0;
   while (const VhdlToken* token = stepForward()) {
@@ -225,10 +206,14 @@ int VhdlScanner::LongestAssociationIdentifier(int& hasArrow) {
       length = addColumns(length, token->textLength(1));
     }
   }
+  if (cursor != nullptr) stopIndex.build(cursor);
   return T_EOF;
 }
 
 int VhdlScanner::CountListEntries(int level, int separator, int stop) {
+  if (stopIndex.isBuilt() && stop == T_RPAREN && !stopIndex.hasClose(level)) return 0;
+  if (stopIndex.isBuilt() && stop == T_SEMICOLON && stopIndex.nextSemicolon() == nullptr) return 0;
+  const OldListRefItem* cursor = tokenList.getAnchorNode();
   const AnchorGuard guard(tokenList);
   int count = 1;
   while (const VhdlToken* token = stepForward()) {
@@ -236,6 +221,7 @@ int VhdlScanner::CountListEntries(int level, int separator, int stop) {
     if (token->getTyp() == stop) return count;
     if (token->getTyp() == separator) ++count;
   }
+  if (cursor != nullptr) stopIndex.build(cursor);
   return 0;
 }
 

@@ -1,6 +1,5 @@
 // Look-around: what stands beside the anchor. Each walk stops at the first token that decides. The
 // short ones go from node to node, which spares every token the way of the anchor over its stack.
-#include "base/columns.h"
 #include "scanner/vhdlscanner.h"
 
 namespace {
@@ -82,13 +81,7 @@ int VhdlScanner::prevIsLabel() {
 }
 
 int VhdlScanner::getColumn(int mode) {
-  if (tokenList.getAnchorNode() == nullptr) return 0;
-  if (mode == 1) return ruler.read(tokenList.getAnchorNode(), indentation).column;
-  const AnchorGuard guard(tokenList);
-  int column = 0;
-  while (const VhdlToken* token = stepBack()) {
-    if (isLineEnd(*token, mode)) break;
-    column = addColumns(column, countColumns(*token, mode, indentation));
-  }
-  return column;
+  OldListRefItem* place = tokenList.getAnchorNode();
+  if (place == nullptr) return 0;
+  return mode == 1 ? ruler.read(place, indentation).column : ruler.readSource(place, indentation);
 }

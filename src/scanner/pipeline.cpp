@@ -67,7 +67,9 @@ int VhdlScanner::format() {
 void VhdlScanner::Reset() {
   tokenList.deleteAllItems();
   indentStack.reset();
-  ruler.forget();
+  ruler.reset();
+  stopIndex.clear();
+  contextMark = nullptr;
   indent = 0;
   statementClosed = 1;
   inBlockHeader = 0;

@@ -118,7 +118,7 @@ void VhdlScanner::singleSpace() { anchorToken()->setTextIfUnformatted(" "); }
 void VhdlScanner::IndentLine(int delta) {
   OldListRefItem* place = tokenList.getAnchorNode();
   if (place == nullptr) return;
-  OldListRefItem* first = ruler.read(place, indentation).first;
+  OldListRefItem* first = ruler.findFirst(place);
   if (first == nullptr) return;
   auto& token = *static_cast<VhdlToken*>(first->getItem());
   if (delta != 0) token.setIndent(addColumns(token.getIndent(), delta));

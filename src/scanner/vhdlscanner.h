@@ -12,6 +12,7 @@
 #include "base/oldlist.h"
 #include "base/stack.h"
 #include "scanner/lineruler.h"
+#include "scanner/stopindex.h"
 #include "tokens/tokencodes.h"
 #include "tokens/vhdltoken.h"
 
@@ -186,6 +187,7 @@ class VhdlScanner {
   bool waitFor(int typ, int orTyp);
   /** T_COLON if the anchor belongs to a declaration or stands behind a label, else -1. */
   int determineContext();
+  int findContext();
 
   // --- Design units and structures (units.cpp) ---
 
@@ -255,6 +257,8 @@ class VhdlScanner {
   void endEntry();
   /** The number of entries up to the stop on that level, 0 if it never comes. The anchor stays. */
   int CountListEntries(int level, int separator, int stop);
+  /** Is it known that no `end` and no closing parenthesis of that level stand ahead? */
+  bool isLeftOpen(int level) const;
   /** The measures look ahead from the anchor, which stays; T_EOF if the list never ends. */
   int LongestInterfaceIdentifier();
   int LongestAssociationIdentifier(int& hasArrow);
@@ -295,6 +299,8 @@ class VhdlScanner {
   int prevTargetLength();
   /** The longest target of the run of statements that starts with the anchor's. */
   int determineTargetLength(int typ, int orTyp);
+  /** Moves the anchor before the next semicolon ahead. False if there is none. */
+  bool goBeforeSemicolon();
   /** Blanks before the anchor that bring it to the column of the run. */
   int blanksBeforeAssignment(int typ, int orTyp);
 
@@ -370,7 +376,10 @@ class VhdlScanner {
   DynString tabifyBuffer;                    // result of Tabify and TabifyWhitespace
   int includeOption = 0;                     // option; without effect
 
-  LineRuler ruler;  // the output line under way; forgotten by Reset
+  LineRuler ruler;                              // the output line under way; forgotten by Reset
+  StopIndex stopIndex;                          // the stops ahead of the cursor; cleared by Reset
+  const OldListRefItem* contextMark = nullptr;  // the last token that determineContext was asked of
+  int contextTyp = -1;                          // and its answer
 };
 
 #endif

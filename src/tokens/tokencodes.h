@@ -69,16 +69,10 @@ constexpr auto caseGroups = [] {
   return typ == T_WHITESPACE || typ == T_COMMENT || typ == T_ATTRIBUTE_NAME;
 }
 
-/** Codes of tokens in whose text a tab may be left, extended identifiers among them. */
-constexpr auto tabHolders = [] {
-  TokenTable<bool> holders(false);
-  for (const int typ : {T_IDENTIFIER, T_STRING, T_CHARACTER, T_FORMAT_ON, T_FORMAT_OFF, T_INDENT_ON,
-                        T_INDENT_OFF}) {
-    holders[typ] = true;
-  }
-  return holders;
-}();
-[[nodiscard]] constexpr bool keepsTabs(int typ) { return tabHolders[typ]; }
+/** Literals and comments that keep the tabs of their source text. */
+[[nodiscard]] constexpr bool keepsTabs(int typ) {
+  return typ == T_STRING || typ == T_CHARACTER || isPragma(typ);
+}
 
 /** The class words of an interface list or a declaration. */
 [[nodiscard]] constexpr bool isClassWord(int typ) {

@@ -57,10 +57,10 @@ class VhdlToken : public OldListItem {
   std::string_view viewText(int formatted) const { return chosen(formatted).view(); }
   /** Length of getText in bytes. */
   int textLength(int formatted) const { return chosen(formatted).length(); }
+  /** Is it an identifier between backslashes, which may hold any character? */
+  bool isExtended() const { return typ == T_IDENTIFIER && *text.get() == '\\'; }
   /** May a tab stand in its text? Those of blanks, comments and attributes have been expanded. */
-  bool mayHoldTabs() const {
-    return keepsTabs(typ) && (typ != T_IDENTIFIER || *text.get() == '\\');
-  }
+  bool mayHoldTabs() const { return keepsTabs(typ) || isExtended(); }
   /** Takes the space characters out of the effective text. */
   void deleteSpaces();
 

@@ -84,8 +84,10 @@ TEST(TrustTest, TellsOfStreamsThatFail) {
 
 TEST(TrustTest, LeavesWhatItMayNotWrite) {
   // A build that counts coverage complains when it cannot write its counts.
-  const ProgramRun probe = shell(TempFolder(), "chmod 755 .; $nobody \"$qorn\" -v 2>&1 | wc -l");
-  if (probe.out != "1\n" || probe.err != "") GTEST_SKIP() << "no way to nobody";
+  const std::string said = shell(TempFolder(), "chmod 755 .; $nobody \"$qorn\" -v 2>&1").out;
+  if (!said.starts_with("qorn version") || said.find('\n') + 1 != said.size()) {
+    GTEST_SKIP() << "no way to nobody: " << said;
+  }
   expectRuns({
       {"a folder", "chmod 555 .; $nobody \"$qorn\" a.vhd; ls; cat a.vhd", 0, "a.vhd\nrc\nuse a ;\n",
        "Error! qorn: Permission denied\n"},

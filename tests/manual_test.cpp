@@ -1,0 +1,110 @@
+// The manual pages against the program: they name the options, keys and defaults that it has.
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <map>
+#include <regex>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "config/configlexer.h"
+#include "config/configtoken.h"
+#include "confignames.h"
+#include "programrun.h"
+#include "tempfolder.h"
+
+namespace {
+
+using Lines = std::vector<std::string>;
+
+Lines linesOf(const std::string& path) {
+  std::ifstream stream(path);
+  EXPECT_TRUE(stream) << path;
+  Lines lines;
+  for (std::string line; std::getline(stream, line);) lines.push_back(line);
+  return lines;
+}
+
+Lines page(const std::string& name) { return linesOf(QORN_SOURCE_DIR "/docs/" + name); }
+
+/** What the page's lines have behind this beginning, in order. */
+Lines linesBehind(const Lines& lines, const std::string& beginning) {
+  Lines rests;
+  for (const std::string& line : lines) {
+    if (line.starts_with(beginning)) rests.push_back(line.substr(beginning.size()));
+  }
+  return rests;
+}
+
+/** Keys and first values, as the program reads them. */
+std::map<std::string, std::string> settingsIn(const std::string& text) {
+  const TempFolder folder;
+  OldList keys;
+  xxin = std::fopen(folder.write("rc", text).c_str(), "r");
+  xxconflist = &keys;
+  (void)xxlex();
+  std::fclose(xxin);
+  std::map<std::string, std::string> settings;
+  for (OldListItem* item = keys.getFirst(); item != nullptr; item = keys.getNext()) {
+    const auto* key = static_cast<QornConfigToken*>(item);
+    settings[codeName(key->getTyp())] =
+        codeName(key->getValue()) + " " + std::to_string(key->getInteger()) + " " + key->getPath();
+  }
+  return settings;
+}
+
+TEST(ManualTest, OptionsAreThoseOfTheUsageText) {
+  const TempFolder folder;
+  const std::string usage = runProgram(folder, {"-h"}).err;
+  Lines synopsis;
+  Lines items;
+  const std::regex option(R"(\[-(\w+)( <(\w+)>)?\])");
+  for (std::sregex_iterator found(usage.begin(), usage.end(), option), end; found != end; ++found) {
+    const std::string letters = (*found)[1];
+    const std::string value =
+        (*found)[3].matched ? std::string(" Ar ").append((*found)[3].str()) : "";
+    synopsis.push_back(letters + value);
+    for (const char letter : letters) items.push_back(letter + value);
+  }
+  ASSERT_FALSE(items.empty()) << usage;
+  EXPECT_EQ(linesBehind(page("qorn.1"), ".Op Fl "), synopsis);
+  EXPECT_EQ(linesBehind(page("qorn.1"), ".It Fl "), items);
+}
+
+TEST(ManualTest, WordsAreThoseOfTheTable) {
+  std::set<std::string> told;
+  const std::regex word(R"(\b[A-Z]+\b)");
+  for (const std::string& line : page("qornrc.5")) {
+    if (!line.starts_with(".Ic ") && !line.starts_with(".It Ic ")) continue;
+    for (std::sregex_iterator found(line.begin(), line.end(), word), end; found != end; ++found) {
+      told.insert(found->str());
+    }
+  }
+  std::set<std::string> forms;
+#define QORN_CONFIGCODE(name, code)
+#define QORN_KEY(name, form) forms.insert(form);
+#define QORN_VALUE(name, form) forms.insert(form);
+#include "tokens/configcodes.def"
+  EXPECT_EQ(told, forms);
+}
+
+TEST(ManualTest, DefaultsAreThoseOfTheProgram) {
+  std::string text;
+  std::string key;
+  bool isNext = false;
+  for (std::string line : page("qornrc.5")) {
+    if (line.starts_with(".It Ic ")) key = line.substr(7, line.find(' ', 7) - 7);
+    if (isNext) text += key + " " + std::regex_replace(line.substr(4), std::regex(R"(\\&)"), "");
+    if (line.starts_with("Default: ")) text += key + line.substr(8);
+    isNext = line == "Default:";
+    text += '\n';
+  }
+  std::string defaults;  // held against the program by a test of the settings
+  for (const std::string& line : linesOf(QORN_SOURCE_DIR "/examples/qornrc")) {
+    defaults += line + '\n';
+  }
+  EXPECT_EQ(settingsIn(text), settingsIn(defaults));
+}
+
+}  // namespace

@@ -1,4 +1,5 @@
-// The manual pages against the program: they name the options, keys and defaults that it has.
+// The manual pages and README.md against the program: they show the options, keys, defaults and
+// output that it has.
 #include <gtest/gtest.h>
 
 #include <fstream>
@@ -105,6 +106,19 @@ TEST(ManualTest, DefaultsAreThoseOfTheProgram) {
     defaults += line + '\n';
   }
   EXPECT_EQ(settingsIn(text), settingsIn(defaults));
+}
+
+TEST(ManualTest, TheReadmeShowsRealOutput) {
+  Lines blocks;  // the text of each block of code
+  bool isInside = false;
+  for (const std::string& line : linesOf(QORN_SOURCE_DIR "/README.md")) {
+    const bool isFence = line.starts_with("```");
+    if (isFence && !isInside) blocks.emplace_back();
+    if (isFence) isInside = !isInside;
+    if (!isFence && isInside) blocks.back() += line + '\n';
+  }
+  ASSERT_GE(blocks.size(), 2U);
+  EXPECT_EQ(runProgram(TempFolder(), {}, blocks[0]).out, blocks[1]);
 }
 
 }  // namespace

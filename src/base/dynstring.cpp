@@ -47,15 +47,14 @@ DynString& DynString::operator=(DynString&& other) noexcept {
 }
 
 void DynString::setLong(std::string_view text) {
-  if (text.size() <= inlineMax) {
-    const DynString copy(text);  // before the text goes, which may be this string's own
-    release();
-    store = copy.store;
+  if (isHeap() && capacityOf(blockStart()) >= text.size()) {  // keeps its room, also for less
+    if (!text.empty()) std::memmove(blockStart(), text.data(), text.size());
+    becomeHeap(blockStart(), 0, text.size());
     return;
   }
-  if (isHeap() && capacityOf(blockStart()) >= text.size()) {
-    std::memmove(blockStart(), text.data(), text.size());
-    becomeHeap(blockStart(), 0, text.size());
+  if (text.size() <= shortMax) {  // the shared blanks go
+    const DynString copy(text);
+    store = copy.store;
     return;
   }
   char* block = newBlock(text.size());
@@ -67,7 +66,7 @@ void DynString::setLong(std::string_view text) {
 void DynString::setLongBlanks(int count) {
   release();
   becomeUnset();
-  if (count <= inlineMax || count > sharedBlankMax) {
+  if (count <= shortMax || count > sharedBlankMax) {
     catRepeated(count, ' ');
     return;
   }
@@ -105,9 +104,19 @@ char* DynString::edit() {
   return store.heap.text;
 }
 
+void DynString::reserve(int count) {
+  const auto wanted = static_cast<std::size_t>(count);
+  if (isHeap() && capacityOf(blockStart()) >= wanted) return;
+  const std::string_view old = view();
+  char* block = newBlock(std::max(wanted, old.size()));
+  std::memcpy(block, old.data(), old.size());
+  release();
+  becomeHeap(block, 0, old.size());
+}
+
 void DynString::truncate(int count) {
   if (count >= length()) return;
-  if (isHeap() && count > inlineMax) {
+  if (isHeap()) {
     store.heap.text[count] = '\0';
     store.heap.length = static_cast<std::uint32_t>(count);
     return;
@@ -118,7 +127,7 @@ void DynString::truncate(int count) {
 void DynString::dropFront(int count) {
   if (count <= 0) return;
   const std::string_view rest = view().substr(static_cast<std::size_t>(count));
-  if (!isHeap() || rest.size() <= inlineMax) {
+  if (!isHeap() || rest.size() <= shortMax) {
     set(rest);
     return;
   }
@@ -153,7 +162,7 @@ void DynString::becomeHeap(char* text, int offset, std::size_t textLength) {
 char* DynString::makeRoom(std::size_t added) {
   const std::string_view old = view();
   const std::size_t wanted = old.size() + added;
-  if (wanted <= inlineMax && isInline()) {
+  if (wanted <= shortMax && isInline()) {
     setInlineLength(wanted);
     return store.chars + old.size();
   }

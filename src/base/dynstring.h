@@ -16,6 +16,8 @@
 
 class DynString {
  public:
+  static constexpr int shortMax = 15;  // characters that stand in the object itself
+
   DynString() { becomeUnset(); }
   explicit DynString(const char* text) : DynString() { set(text); }
   explicit DynString(std::string_view text) : DynString() { set(text); }
@@ -36,14 +38,17 @@ class DynString {
   const char* get() const { return isInline() ? store.chars : store.heap.text; }
   std::string_view view() const { return {get(), static_cast<std::size_t>(length())}; }
   /** In bytes; 0 if unset. */
-  int length() const {
-    return isInline() ? inlineMax - tag() : static_cast<int>(store.heap.length);
-  }
+  int length() const { return isInline() ? shortMax - tag() : static_cast<int>(store.heap.length); }
+
+  /** Does the text stand in the object itself? */
+  bool isShort() const { return isInline(); }
+  /** Copies a short text and what stands behind it: shortMax + 1 bytes, whatever its length. */
+  void copyBlock(char* target) const { std::memcpy(target, store.chars, sizeof(store.chars)); }
 
   /** Takes a copy, which may come from this string itself. Null or empty leaves it unset. */
   void set(const char* text) { set(text == nullptr ? std::string_view() : std::string_view(text)); }
   void set(std::string_view text) {
-    if (text.size() > inlineMax || !isInline()) [[unlikely]] {
+    if (text.size() > shortMax || !isInline()) [[unlikely]] {
       setLong(text);
     } else {
       copyShort(store.chars, text.data(), text.size());
@@ -52,7 +57,7 @@ class DynString {
   }
   /** The text becomes that many blanks; unset for 0 or less. */
   void setBlanks(int count) {
-    if (count > inlineMax || !isInline()) [[unlikely]] {
+    if (count > shortMax || !isInline()) [[unlikely]] {
       setLongBlanks(count);
     } else {
       std::memset(store.chars, ' ', sizeof(store.chars));
@@ -71,7 +76,8 @@ class DynString {
   /** Appends a character other than 0 that many times; none for a count of 0 or less. */
   void catRepeated(int count, char character);
 
-  /** Replaces every character. Requires: `convert` leaves control characters as they are. */
+  /** Replaces every character. From first to last. Requires: `convert` leaves
+      control characters as they are. */
   template <typename Convert>
   void transform(Convert convert) {
     if (isInline()) {
@@ -79,11 +85,14 @@ class DynString {
         character = convert(character);  // the tag is below a blank
     } else {
       char* text = edit();
-      std::transform(text, text + length(), text, convert);
+      for (int i = 0; i < length(); ++i) text[i] = convert(text[i]);
     }
   }
   /** The characters, to be written over. */
   char* edit();
+  /** Makes room for that many characters, so that no text of up to that length, and of more than
+      the object itself holds, will need memory. */
+  void reserve(int count);
   /** Keeps the first `count` characters, of at least that many. */
   void truncate(int count);
   /** Takes off the first `count` characters, of at least that many. The rest of a long text stays
@@ -91,40 +100,39 @@ class DynString {
   void dropFront(int count);
 
  private:
-  static constexpr int inlineMax = 15;             // characters in the object itself
   static constexpr std::uint8_t heapTag = 0x80;    // the text stands on the heap and is owned
   static constexpr std::uint8_t sharedTag = 0x81;  // the text belongs to the shared blanks
 
   // The last byte tells which form is in force: the free room of an inline text, which is the zero
   // behind one of full length, or one of the tags above.
   union Store {
-    char chars[inlineMax + 1];
+    char chars[shortMax + 1];
     struct {
       char* text;              // points `offset` characters into the heap block
       std::uint32_t length;    // of the text
       std::uint8_t offset[3];  // characters dropped in front, low byte first
     } heap;
   };
-  static_assert(sizeof(Store) == inlineMax + 1);
+  static_assert(sizeof(Store) == shortMax + 1);
 
   std::uint8_t tag() const {
     std::uint8_t value;
-    std::memcpy(&value, store.chars + inlineMax, 1);
+    std::memcpy(&value, store.chars + shortMax, 1);
     return value;
   }
-  void setTag(std::uint8_t value) { store.chars[inlineMax] = static_cast<char>(value); }
-  bool isInline() const { return tag() <= inlineMax; }
+  void setTag(std::uint8_t value) { store.chars[shortMax] = static_cast<char>(value); }
+  bool isInline() const { return tag() <= shortMax; }
   bool isHeap() const { return tag() == heapTag; }
   void becomeUnset() {
     store = Store{};
-    setTag(inlineMax);
+    setTag(shortMax);
   }
   void release() {
     if (isHeap()) freeBlock();
   }
   void setInlineLength(std::size_t textLength) {
     store.chars[textLength] = '\0';
-    setTag(static_cast<std::uint8_t>(inlineMax - textLength));
+    setTag(static_cast<std::uint8_t>(shortMax - textLength));
   }
   void setLong(std::string_view text);
   void setLongBlanks(int count);

@@ -23,9 +23,15 @@ class Pool {
 #ifdef QORN_POOL_IS_HEAP  // the address sanitizer is to see every block by itself
     return ::operator new(Size);
 #else
-    if (freeBlocks == nullptr) addBlocks();
-    Block* block = freeBlocks;
-    freeBlocks = block->next;
+    if (freeBlocks != nullptr) {
+      Block* block = freeBlocks;
+      freeBlocks = block->next;
+      return block;
+    }
+    if (fresh == freshEnd) [[unlikely]]
+      return takeFromNewSlab();
+    void* block = fresh;
+    fresh += Size;
     return block;
 #endif
   }
@@ -46,11 +52,15 @@ class Pool {
 
   static constexpr std::size_t blocksPerSlab = 65536 / Size;
 
-  static void addBlocks() {
+  static void* takeFromNewSlab() {
     char* slab = static_cast<char*>(::operator new(blocksPerSlab* Size));
-    for (std::size_t i = blocksPerSlab; i > 0; --i) give(slab + (i - 1) * Size);
+    fresh = slab + Size;
+    freshEnd = slab + blocksPerSlab * Size;
+    return slab;
   }
 
+  static inline char* fresh = nullptr;
+  static inline char* freshEnd = nullptr;
   static inline Block* freeBlocks = nullptr;
 };
 

@@ -8,7 +8,6 @@
 #include <cassert>
 
 #include "base/columns.h"
-
 #include "layout/pendingshifts.h"
 #include "scanner/vhdlscanner.h"
 
@@ -17,9 +16,11 @@ struct VhdlScanner::LineInHand {
   long long width = 0;    // bytes of the tokens visited, the one under the anchor included
   long long surplus = 0;  // columns that tabs and redrawn comments before the anchor add to them
   bool isNew = true;      // is the token under the anchor visited for the first time?
-  OldListRefItem* reached = nullptr;   // the furthest token visited; those behind it await `shifts`
-  PendingShifts shifts;                // for the rest of the line
-  OldListRefItem* hopeless = nullptr;  // a token on this line, with no place to break left of it
+  OldListRefItem* reached = nullptr;  // the furthest token visited; those behind it await `shifts`
+  OldListRefItem* unmeasured = nullptr;  // the first token passed over whose column is not set yet
+  long long unmeasuredWidth = 0;         // bytes before that one
+  PendingShifts shifts;                  // for the rest of the line
+  OldListRefItem* hopeless = nullptr;    // a token on this line, with no place to break left of it
   const VhdlToken* brokenComment = nullptr;  // the last one that was broken instead of its code
 
   /** Brings the indent of the token behind the furthest one up to date. */
@@ -42,13 +43,19 @@ struct VhdlScanner::LineInHand {
     surplus = 0;
     isNew = nextIsNew;
     hopeless = nullptr;
+    unmeasured = nullptr;
   }
+  /** Passes over the tokens behind a node that need nothing as long as the line fits. Returns the
+     last of them, or the node itself. */
+  OldListRefItem* passPlainTokens(OldListRefItem* node, int limit);
+  /** Sets the columns of the tokens that were passed over, up to a node. */
+  void measure(const OldListRefItem* end);
 };
 
 namespace {
 
-/** Tokens that need nothing but their column as long as the line fits. */
-constexpr auto isPlain = [] {
+/** Tokens that need no more than to be counted as long as the line fits. */
+constexpr auto plainTokens = [] {
   TokenTable<bool> plain(true);
   for (const int typ : {T_NEWLINE, T_COMMENT, T_FORMAT_ON, T_FORMAT_OFF, T_INDENT_ON, T_INDENT_OFF,
                         T_STRING, T_CHARACTER}) {
@@ -57,29 +64,61 @@ constexpr auto isPlain = [] {
   return plain;
 }();
 
+bool isPlain(const VhdlToken& token) { return plainTokens[token.getTyp()] && !token.isExtended(); }
+
 bool isBlank(const VhdlToken& token) {
   return token.getTyp() == T_WHITESPACE || token.getTyp() == T_NEWLINE;
 }
 
 }  // namespace
 
+OldListRefItem* VhdlScanner::LineInHand::passPlainTokens(OldListRefItem* node, int limit) {
+  if (!isNew || !shifts.isEmpty()) return node;
+  if (unmeasured == nullptr) {
+    unmeasured = node->getNext();
+    unmeasuredWidth = width;
+  }
+  for (OldListRefItem* next = node->getNext(); next != nullptr; next = next->getNext()) {
+    const auto& token = *static_cast<const VhdlToken*>(next->getItem());
+    const long long wider = width + token.textLength(1);
+    if (!isPlain(token) || wider > limit) break;
+    width = wider;
+    node = next;
+  }
+  return node;
+}
+
+void VhdlScanner::LineInHand::measure(const OldListRefItem* end) {
+  if (unmeasured == nullptr) return;
+  long long column = unmeasuredWidth;
+  for (OldListRefItem* node = unmeasured; node != end; node = node->getNext()) {
+    auto& token = *static_cast<VhdlToken*>(node->getItem());
+    token.setColumn(static_cast<int>(column));
+    column += token.textLength(1);
+  }
+  unmeasured = nullptr;
+}
+
 void VhdlScanner::LineBreak() {
   ruler.forget();
   LineInHand line;
   bool isWrapping = true;
   tokenList.getFirst();
-  while (VhdlToken* token = stepForward()) {
-    line.visit(tokenList.getAnchorNode());
+  for (;;) {
+    tokenList.setAnchorNode(line.passPlainTokens(tokenList.getAnchorNode(), lineWidth));
+    VhdlToken* token = stepForward();
+    if (token == nullptr) break;
     const int typ = token->getTyp();
     const int length = token->textLength(1);
-    token->setColumn(static_cast<int>(line.width));
-    line.width += length;
-    if (line.width <= lineWidth && isPlain[typ] && !token->isExtended()) continue;
     if (typ == T_NEWLINE && length > 0) {
       line.start(/*nextIsNew*/ true);
       line.shifts.clear();
       continue;
     }
+    line.measure(tokenList.getAnchorNode());
+    line.visit(tokenList.getAnchorNode());
+    token->setColumn(static_cast<int>(line.width));
+    line.width += length;
     if (isPragma(typ)) isWrapping = typ == T_FORMAT_ON || typ == T_INDENT_ON;
     if (typ == T_COMMENT && isWrapping) drawOutComment(*token);
     if (line.width > lineWidth && isWrapping && WrapLine(line) == 0) continue;

@@ -6,7 +6,6 @@
 #include <cstring>
 
 #include "base/columns.h"
-#include "base/shortcopy.h"
 #include "scanner/vhdlscanner.h"
 
 namespace {
@@ -22,19 +21,23 @@ class OutputBuffer {
   OutputBuffer& operator=(const OutputBuffer&) = delete;
 
   void write(std::string_view text) {
-    if (text.size() > sizeof(buffer) - used) {
-      flush();
-      if (text.size() > sizeof(buffer)) {
-        put(text);
-        return;
-      }
+    if (text.size() > sizeof(buffer) - used) flush();
+    if (text.size() > sizeof(buffer)) {
+      put(text);
+      return;
     }
-    if (text.size() <= shortCopyMax) {
-      copyShort(buffer + used, text.data(), text.size());
-    } else {
-      std::memcpy(buffer + used, text.data(), text.size());
-    }
+    text.copy(buffer + used, text.size());
     used += text.size();
+  }
+  /** The text of a token; most are short and go straight into the buffer. */
+  void write(const VhdlToken& token, int formatting, int layout) {
+    if (sizeof(buffer) - used <= DynString::shortMax) flush();
+    const int length = token.writeShort(buffer + used, formatting, layout);
+    if (length >= 0) {
+      used += static_cast<std::size_t>(length);
+    } else {
+      write(token.getCaseText(formatting, layout));
+    }
   }
   void flush() {
     put({buffer, used});
@@ -57,6 +60,7 @@ class OutputBuffer {
 }  // namespace
 
 void VhdlScanner::Print(FILE* stream) {
+  if (tabify != 0) reserveTabifyBuffer();  // from the opening on, nothing takes memory
   outFile = stream == nullptr ? OpenOutfile() : stdout;
   if (outFile == nullptr) return;
   OutputBuffer output(outFile);
@@ -70,15 +74,13 @@ void VhdlScanner::Print(FILE* stream) {
       if (typ == T_FORMAT_ON || typ == T_FORMAT_OFF) formatting = typ == T_FORMAT_ON ? 1 : 0;
       if (typ == T_INDENT_ON || typ == T_INDENT_OFF) layout = typ == T_INDENT_ON ? 1 : 0;
     }
-    const std::string_view text = token->getCaseText(formatting, layout);
-    if (typ == T_NEWLINE) {
-      if (text.empty()) continue;
-      output.write("\n");
-      column = 0;
-    } else {
-      output.write(tabify == 0 ? text : tabified(typ, heldInRange(column), text));
-      column += static_cast<long long>(text.size());
+    if (tabify == 0) {
+      output.write(*token, formatting, layout);
+      continue;
     }
+    const std::string_view text = token->getCaseText(formatting, layout);
+    output.write(tabified(typ, heldInRange(column), text));
+    column = typ == T_NEWLINE && !text.empty() ? 0 : column + static_cast<long long>(text.size());
   }
   output.flush();
   CloseOutfile(output.getError());
@@ -115,31 +117,42 @@ std::string_view VhdlScanner::tabified(int typ, int start, std::string_view text
 }
 
 std::string_view VhdlScanner::Tabify(int start, std::string_view text) {
-  DynString result;
+  tabifyBuffer.set(std::string_view());
   int column = start;
   std::size_t at = 0;
   while (at < text.size()) {
     const std::size_t end = std::min(text.find_first_not_of(' ', at), text.size());
     if (end == text.size()) break;  // blanks at the end are left out
-    result.cat(TabifyWhitespace(column, text.substr(at, end - at)));
+    appendTabified(column, static_cast<int>(end - at));
     const std::size_t next = std::min(text.find(' ', end), text.size());
-    result.cat(text.substr(end, next - end));
+    tabifyBuffer.cat(text.substr(end, next - end));
     column = addColumns(column, static_cast<int>(next - at));
     at = next;
   }
-  tabifyBuffer = std::move(result);
   return tabifyBuffer.view();
 }
 
 std::string_view VhdlScanner::TabifyWhitespace(int start, std::string_view text) {
-  const int count = static_cast<int>(text.size());
-  if (count < shortestTabRun) return text;
+  tabifyBuffer.set(std::string_view());
+  appendTabified(start, static_cast<int>(text.size()));
+  return tabifyBuffer.view();
+}
+
+void VhdlScanner::appendTabified(int start, int count) {
   const int distance = std::max(tabSize, 1);
   const int toFirstStop = distance - start % distance;
+  if (count < shortestTabRun || count < toFirstStop) {
+    tabifyBuffer.catRepeated(count, ' ');
+    return;
+  }
   const int rest = addColumns(start, count) % distance;
-  if (count < toFirstStop) return text;
-  tabifyBuffer.set(std::string_view());
   tabifyBuffer.catRepeated((count - toFirstStop - rest) / distance + 1, '\t');
   tabifyBuffer.catRepeated(rest, ' ');
-  return tabifyBuffer.view();
+}
+
+void VhdlScanner::reserveTabifyBuffer() {
+  int longest = 0;
+  tokenList.getFirst();
+  while (const VhdlToken* token = stepForward()) longest = std::max(longest, token->textLength(1));
+  tabifyBuffer.reserve(longest);
 }

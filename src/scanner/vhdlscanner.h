@@ -88,6 +88,8 @@ class VhdlScanner {
   std::string_view tabified(int typ, int start, std::string_view text);
   std::string_view Tabify(int start, std::string_view text);
   std::string_view TabifyWhitespace(int start, std::string_view text);
+  void appendTabified(int start, int count);
+  void reserveTabifyBuffer();
 
   // --- Look-around (lookaround.cpp): questions about the anchor's neighbours; the anchor stays ---
 

@@ -18,7 +18,7 @@ DynString& YYbuf = *new DynString;
 void YYsetInTabSize(int size) { lexTabSize = std::max(size, 1); }
 
 std::string_view ReplaceTabs(std::string_view text) {
-  if (text == " ") {  // most of what comes here
+  if (text.size() == 1 && text[0] == ' ') {  // most of what comes here
     ++lexColumn;
     return text;
   }

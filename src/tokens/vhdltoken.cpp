@@ -23,6 +23,20 @@ char upper(char letter) {
 int VhdlToken::caseStyles[] = {C_ASIS, C_UPPERCASE, C_LOWERCASE, C_UPPERCASE, C_LOWERCASE};
 // Never destroyed: a signal may end the run at any moment, and then nothing is to be freed.
 DynString& VhdlToken::caseBuffer = *new DynString;
+DynString& VhdlToken::wideCaseBuffer = *new DynString;
+std::size_t VhdlToken::longestSource = 64;
+
+// Before the output is opened, so that running out of memory costs no file.
+void VhdlToken::widenCaseBuffer(std::size_t length) {
+  longestSource = 2 * length;
+  wideCaseBuffer.reserve(static_cast<int>(longestSource));
+}
+
+DynString& VhdlToken::bufferFor(const DynString& source) {
+  DynString& buffer = source.length() > DynString::shortMax ? wideCaseBuffer : caseBuffer;
+  buffer = source;
+  return buffer;
+}
 
 void* VhdlToken::operator new(std::size_t) { return Pool<sizeof(VhdlToken)>::take(); }
 
@@ -61,6 +75,20 @@ std::string_view VhdlToken::getCaseText(int formatting, int layout) const {
   return style == C_ASIS ? viewText(layout) : getUpperLowerText(layout, style);
 }
 
+int VhdlToken::writeShort(char* target, int formatting, int layout) const {
+  const DynString& source = chosen(formatting == 0 ? 0 : layout);
+  if (!source.isShort()) return -1;
+  source.copyBlock(target);
+  const int style = formatting == 0 ? static_cast<int>(C_ASIS) : caseStyles[caseGroup(typ)];
+  if (style == C_CAPITALIZED || style == C_CAPITALIZEAFTERUNDERSCORE) return -1;
+  if (style == C_LOWERCASE) {
+    for (int i = 0; i <= DynString::shortMax; ++i) target[i] = lower(target[i]);
+  } else if (style == C_UPPERCASE) {
+    for (int i = 0; i <= DynString::shortMax; ++i) target[i] = upper(target[i]);
+  }
+  return source.length();
+}
+
 std::string_view VhdlToken::getUpperLowerText(int formatted, int style) const {
   const DynString& source = chosen(formatted);
   switch (style) {
@@ -73,30 +101,33 @@ std::string_view VhdlToken::getUpperLowerText(int formatted, int style) const {
 }
 
 std::string_view VhdlToken::LowerCase(const DynString& source) {
-  caseBuffer = source;
-  caseBuffer.transform([](char letter) { return lower(letter); });
-  return caseBuffer.view();
+  DynString& buffer = bufferFor(source);
+  buffer.transform([](char letter) { return lower(letter); });
+  return buffer.view();
 }
 
 std::string_view VhdlToken::UpperCase(const DynString& source) {
-  caseBuffer = source;
-  caseBuffer.transform([](char letter) { return upper(letter); });
-  return caseBuffer.view();
+  DynString& buffer = bufferFor(source);
+  buffer.transform([](char letter) { return upper(letter); });
+  return buffer.view();
 }
 
 std::string_view VhdlToken::Capitalized(const DynString& source) {
-  LowerCase(source);
-  if (source.length() > 0) *caseBuffer.edit() = upper(*caseBuffer.edit());
-  return caseBuffer.view();
+  DynString& buffer = bufferFor(source);
+  buffer.transform([](char letter) { return lower(letter); });
+  if (buffer.length() > 0) *buffer.edit() = upper(*buffer.edit());
+  return buffer.view();
 }
 
 std::string_view VhdlToken::CapitalizedAfterUnderscore(const DynString& source) {
-  Capitalized(source);
-  char* text = caseBuffer.edit();
-  for (int i = 1; i < source.length(); ++i) {
-    if (text[i - 1] == '_') text[i] = upper(text[i]);
-  }
-  return caseBuffer.view();
+  DynString& buffer = bufferFor(source);
+  char before = '_';  // the first character counts as one behind an underscore
+  buffer.transform([&before](char letter) {
+    const char converted = before == '_' ? upper(letter) : lower(letter);
+    before = letter;
+    return converted;
+  });
+  return buffer.view();
 }
 
 int VhdlToken::getWrapGravity(int target) const {

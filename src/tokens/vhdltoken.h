@@ -17,7 +17,10 @@ class VhdlToken : public OldListItem {
  public:
   VhdlToken() : VhdlToken(0, 0, 0, std::string_view()) {}
   VhdlToken(int code, int line, int level, std::string_view source)
-      : typ(static_cast<std::int16_t>(code)), parenLevel(level), lineNo(line), text(source) {}
+      : typ(static_cast<std::int16_t>(code)), parenLevel(level), lineNo(line), text(source) {
+    if (source.size() > longestSource) [[unlikely]]
+      widenCaseBuffer(source.size());
+  }
   VhdlToken(const VhdlToken&) = default;
   VhdlToken& operator=(const VhdlToken&) = delete;
   ~VhdlToken() override = default;
@@ -68,6 +71,9 @@ class VhdlToken : public OldListItem {
 
   /** The text that is printed, where `formatting` and `layout` are the output's two switches. */
   std::string_view getCaseText(int formatting, int layout) const;
+  /** Writes what getCaseText returns, if it is short, and returns its length; -1 for any other
+     text. Touches DynString::shortMax + 1 bytes of the target. */
+  int writeShort(char* target, int formatting, int layout) const;
   /** getText(formatted) in a case style; a code that is no style leaves it as it is. */
   std::string_view getUpperLowerText(int formatted, int style) const;
 
@@ -114,6 +120,10 @@ class VhdlToken : public OldListItem {
 
   static int caseStyles[caseGroupCount];
   static DynString& caseBuffer;
+  static DynString& wideCaseBuffer;  // the same for long texts
+  static std::size_t longestSource;  // of all tokens so far; the wide buffer has room for it
+  static void widenCaseBuffer(std::size_t length);
+  static DynString& bufferFor(const DynString& source);
 
   std::int16_t typ;
   std::int8_t gravity = 1;         // wrap priority; written by VhdlScanner::getNextToken

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include <cctype>
-#include <chrono>
 #include <initializer_list>
 #include <iterator>
 #include <random>
@@ -181,7 +180,8 @@ TEST(ConfigLexerTest, ReadErrorIsFatalAndNamed) {
               "^Error! qorn: /etc/folder: Is a directory\n$");
 }
 
-TEST(ConfigLexerTest, LongFilesTakeLinearTime) {
+// A rule that scanned to the end of the file at every place would take hours here.
+TEST(ConfigLexerTest, LongFilesComeToTheirEnd) {
   const auto repeated = [](std::string_view piece, int count) {
     std::string text;
     for (int i = 0; i < count; ++i) text += piece;
@@ -196,9 +196,9 @@ TEST(ConfigLexerTest, LongFilesTakeLinearTime) {
       "TABSIZE " + repeated("9", million),
       repeated("TABSIZE", million / 16),
   };
-  const auto start = std::chrono::steady_clock::now();
-  for (const std::string& text : texts) scan(text);
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+  for (const std::string& text : texts) {
+    EXPECT_EQ(scan(text + "\n\"'\nLINE 7").ends_with("LINEWIDTH=7"), true) << text.substr(0, 20);
+  }
 }
 
 TEST(ConfigLexerTest, RubbishIsPassedOver) {

@@ -249,13 +249,14 @@ TEST(LexerTest, ExpandsTabsOfBlanksCommentsAndAttributes) {
   }
 }
 
-/** Line and level of each token, the lines counted from `firstLine`. */
-std::string places(OldList& list, int firstLine) {
+/** Line and level of each token, counted from those of a token read before. */
+std::string places(OldList& list, const VhdlToken& start) {
   std::string line;
   for (OldListItem* item = list.getFirst(); item != nullptr; item = list.getNext()) {
     const auto* token = static_cast<VhdlToken*>(item);
-    line += tokenName(token->getTyp()) + ":" + std::to_string(token->getLineNo() - firstLine) +
-            "/" + std::to_string(token->getParenLevel()) + " ";
+    line += tokenName(token->getTyp()) + ":" +
+            std::to_string(token->getLineNo() - start.getLineNo()) + "/" +
+            std::to_string(token->getParenLevel() - start.getParenLevel()) + " ";
   }
   return line;
 }
@@ -263,18 +264,16 @@ std::string places(OldList& list, int firstLine) {
 TEST(LexerTest, LinesAndLevelsRunOnFromFileToFile) {
   OldList lists[4];
   lexInto(lists[0], "");
-  const auto* start = static_cast<VhdlToken*>(lists[0].getFirst());
-  const int line = start->getLineNo();
-  EXPECT_EQ(start->getParenLevel(), 0);
+  const auto& start = *static_cast<VhdlToken*>(lists[0].getFirst());
   lexInto(lists[1], "a([b\n(c))(\n'\nlow;");
-  EXPECT_EQ(places(lists[1], line),
+  EXPECT_EQ(places(lists[1], start),
             "IDENTIFIER:0/0 LPAREN:0/1 LBRACKET:0/1 IDENTIFIER:0/1 NEWLINE:0/1 LPAREN:1/2 "
             "IDENTIFIER:1/2 RPAREN:1/2 RPAREN:1/1 LPAREN:1/1 NEWLINE:1/1 ATTRIBUTE_NAME:2/1 "
             "SEMICOLON:2/1 EOF:2/1 ");
   lexInto(lists[2], "))\n)");
-  EXPECT_EQ(places(lists[2], line), "RPAREN:2/1 RPAREN:2/0 NEWLINE:2/-1 RPAREN:3/-1 EOF:3/-2 ");
+  EXPECT_EQ(places(lists[2], start), "RPAREN:2/1 RPAREN:2/0 NEWLINE:2/-1 RPAREN:3/-1 EOF:3/-2 ");
   lexInto(lists[3], "((");
-  EXPECT_EQ(places(lists[3], line), "LPAREN:3/-1 LPAREN:3/0 EOF:3/0 ");
+  EXPECT_EQ(places(lists[3], start), "LPAREN:3/-1 LPAREN:3/0 EOF:3/0 ");
 }
 
 // A rule that scans ahead and fails must not do so again a few bytes on: that would take minutes.

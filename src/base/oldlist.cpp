@@ -15,7 +15,7 @@ void OldListItem::view8() const {
 }
 
 void OldList::addItemLast(OldListItem* item) {
-  auto* node = new OldListRefItem(item);
+  OldListRefItem* node = OldListRefItem::create(item);
   node->setPrev(last);
   if (last == nullptr) {
     first = node;
@@ -26,7 +26,7 @@ void OldList::addItemLast(OldListItem* item) {
 }
 
 void OldList::addItemFirst(OldListItem* item) {
-  auto* node = new OldListRefItem(item);
+  OldListRefItem* node = OldListRefItem::create(item);
   node->setNext(first);
   if (first == nullptr) {
     last = node;
@@ -42,7 +42,7 @@ void OldList::addItemAnchor(OldListItem* item) {
     anchor = last;
     return;
   }
-  auto* node = new OldListRefItem(item);
+  OldListRefItem* node = OldListRefItem::create(item);
   OldListRefItem* behind = anchor->getNext();
   node->setPrev(anchor);
   node->setNext(behind);
@@ -55,7 +55,7 @@ void OldList::deleteAllItems() {
   while (first != nullptr) {
     OldListRefItem* node = first;
     first = node->getNext();
-    delete node;
+    OldListRefItem::destroy(node);
   }
   anchor = nullptr;
   last = nullptr;
@@ -66,16 +66,15 @@ void OldList::deleteItem(const OldListItem* item) {
   if (node == nullptr) return;
   if (node == anchor) anchor = node->getPrev();
   unlink(node);
-  delete node;
+  OldListRefItem::destroy(node);
 }
 
 void OldList::removeItem(const OldListItem* item) {
   OldListRefItem* node = findRefItem(item);
   if (node == nullptr) return;
-  node->removeItem();
   if (node == anchor) anchor = node->getPrev();
   unlink(node);
-  delete node;
+  OldListRefItem::release(node);
 }
 
 void OldList::deleteItemAnchor() {
@@ -83,17 +82,16 @@ void OldList::deleteItemAnchor() {
   OldListRefItem* node = anchor;
   anchor = node->getPrev();
   unlink(node);
-  delete node;
+  OldListRefItem::destroy(node);
 }
 
 void OldList::removeItemAnchor() {
   if (anchor == nullptr) return;
   OldListRefItem* node = anchor;
-  node->removeItem();
   anchor = node->getPrev();
   unlink(node);
   if (anchor == nullptr) anchor = first;
-  delete node;
+  OldListRefItem::release(node);
 }
 
 OldListRefItem* OldList::findRefItem(const OldListItem* item) const {

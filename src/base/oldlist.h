@@ -14,7 +14,42 @@
 #include "base/pool.h"
 #include "base/stack.h"
 
-/** Base of everything that stands in an OldList. Counts the nodes that hold it. */
+class OldListItem;
+
+/** One place in a list. The last node that holds an item deletes it. Nodes come from `create` and
+   go by `destroy` or `release`. */
+class OldListRefItem {
+ public:
+  OldListRefItem(const OldListRefItem&) = delete;
+  OldListRefItem& operator=(const OldListRefItem&) = delete;
+
+  /** A node that holds the item and stands in no list yet. */
+  static inline OldListRefItem* create(OldListItem* held);
+  /** Ends the node, and the item if no other node holds it. */
+  static inline void destroy(OldListRefItem* node);
+  /** Ends the node alone: the item lives on, and counts the node still. */
+  static inline void release(OldListRefItem* node);
+
+  OldListItem* getItem() const { return item; }
+  OldListRefItem* getNext() const { return next; }
+  OldListRefItem* getPrev() const { return prev; }
+  void setNext(OldListRefItem* node) { next = node; }
+  void setPrev(OldListRefItem* node) { prev = node; }
+
+ private:
+  friend class OldListItem;
+
+  OldListRefItem() = default;
+  explicit OldListRefItem(OldListItem* held) : item(held) {}
+  inline bool isInItem() const;
+
+  OldListItem* item = nullptr;
+  OldListRefItem* next = nullptr;
+  OldListRefItem* prev = nullptr;
+};
+
+/** Base of everything that stands in an OldList. Counts the nodes that hold it, and has room for
+   the first of them, since most items stand in one list only. */
 class OldListItem {
  public:
   OldListItem() = default;
@@ -32,37 +67,35 @@ class OldListItem {
   int getRefCount() const { return refCount; }
 
  private:
+  friend class OldListRefItem;
+
+  OldListRefItem firstNode;  // in use from the first insertion on
   int refCount = 0;
 };
 
-/** One place in a list. The last node that holds an item deletes it. */
-class OldListRefItem {
- public:
-  explicit OldListRefItem(OldListItem* held) : item(held) { item->incRefCount(); }
-  OldListRefItem(const OldListRefItem&) = delete;
-  OldListRefItem& operator=(const OldListRefItem&) = delete;
-  ~OldListRefItem() {
-    if (item == nullptr) return;
-    item->decRefCount();
-    if (item->getRefCount() < 1) delete item;
+bool OldListRefItem::isInItem() const { return this == &item->firstNode; }
+
+OldListRefItem* OldListRefItem::create(OldListItem* held) {
+  OldListRefItem* node = &held->firstNode;
+  if (held->getRefCount() > 0) [[unlikely]] {
+    node = ::new (Pool<sizeof(OldListRefItem)>::take()) OldListRefItem(held);
   }
+  node->item = held;
+  held->incRefCount();
+  return node;
+}
 
-  static void* operator new(std::size_t) { return Pool<sizeof(OldListRefItem)>::take(); }
-  static void operator delete(void* node) { Pool<sizeof(OldListRefItem)>::give(node); }
+void OldListRefItem::destroy(OldListRefItem* node) {
+  OldListItem* held = node->item;
+  if (!node->isInItem()) [[unlikely]]
+    Pool<sizeof(OldListRefItem)>::give(node);
+  held->decRefCount();
+  if (held->getRefCount() < 1) delete held;
+}
 
-  OldListItem* getItem() const { return item; }
-  OldListRefItem* getNext() const { return next; }
-  OldListRefItem* getPrev() const { return prev; }
-  void setNext(OldListRefItem* node) { next = node; }
-  void setPrev(OldListRefItem* node) { prev = node; }
-  /** Lets go of the item without deleting it or lowering its count. */
-  void removeItem() { item = nullptr; }
-
- private:
-  OldListItem* item;
-  OldListRefItem* next = nullptr;
-  OldListRefItem* prev = nullptr;
-};
+void OldListRefItem::release(OldListRefItem* node) {
+  if (!node->isInItem()) Pool<sizeof(OldListRefItem)>::give(node);
+}
 
 class OldList {
  public:

@@ -31,7 +31,7 @@ class OutputBuffer {
   }
   /** The text of a token; most are short and go straight into the buffer. */
   void write(const VhdlToken& token, int formatting, int layout) {
-    if (sizeof(buffer) - used <= DynString::shortMax) flush();
+    if (used > sizeof(buffer) - DynString::shortMax - 1) flush();
     const int length = token.writeShort(buffer + used, formatting, layout);
     if (length >= 0) {
       used += static_cast<std::size_t>(length);

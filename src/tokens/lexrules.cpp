@@ -127,9 +127,10 @@ std::size_t matchString(const char* at) {
 }
 
 std::size_t matchBitString(const char* at) {
-  const int digits = digitsOfBase(*at);
   const char quote = at[1];
-  if (digits == 0 || (quote != '"' && quote != '%')) return 0;
+  if (quote != '"' && quote != '%') return 0;
+  const int digits = digitsOfBase(*at);
+  if (digits == 0) return 0;
   const std::size_t count = matchDigits(at + 2, digits);
   if (count == 0 || at[2 + count] != quote) return 0;
   return count + 3;

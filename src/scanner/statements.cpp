@@ -102,7 +102,7 @@ void VhdlScanner::openBinding() {
   setPrevNewline();
   if (inConfiguration == 1) {
     setIndent(indentation, /*relative*/ 1);
-  } else {  // a specification, which no `end` closes
+  } else {  // it stands by itself: no `end` closes it
     popIndent();
     setIndent(timesColumns(2, indentation), /*relative*/ 1);
   }

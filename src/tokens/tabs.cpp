@@ -2,6 +2,7 @@
 #include "tokens/tabs.h"
 
 #include <algorithm>
+#include <new>
 
 #include "base/dynstring.h"
 
@@ -11,7 +12,8 @@ namespace {
 
 int lexTabSize = 4;
 // Never destroyed: a signal may end the run at any moment, and then nothing is to be freed.
-DynString& YYbuf = *new DynString;
+alignas(DynString) char bufferRoom[sizeof(DynString)];
+DynString& YYbuf = *::new (bufferRoom) DynString;
 
 }  // namespace
 

@@ -1,6 +1,8 @@
 // Texts and letter case of a token. Only the ASCII letters ever change case.
 #include "tokens/vhdltoken.h"
 
+#include <new>
+
 namespace {
 
 // Without a branch or a table, so that a whole word is converted at once.
@@ -17,13 +19,15 @@ char upper(char letter) {
   return static_cast<char>(letter - (isLower ? caseDistance : 0));
 }
 
+alignas(DynString) char bufferRoom[2][sizeof(DynString)];
+
 }  // namespace
 
 // By case group: as it is, keywords, identifiers, attributes, numbers.
 int VhdlToken::caseStyles[] = {C_ASIS, C_UPPERCASE, C_LOWERCASE, C_UPPERCASE, C_LOWERCASE};
 // Never destroyed: a signal may end the run at any moment, and then nothing is to be freed.
-DynString& VhdlToken::caseBuffer = *new DynString;
-DynString& VhdlToken::wideCaseBuffer = *new DynString;
+DynString& VhdlToken::caseBuffer = *::new (bufferRoom[0]) DynString;
+DynString& VhdlToken::wideCaseBuffer = *::new (bufferRoom[1]) DynString;
 std::size_t VhdlToken::longestSource = 64;
 
 // Before the output is opened, so that running out of memory costs no file.

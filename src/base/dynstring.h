@@ -14,6 +14,11 @@
 
 #include "base/shortcopy.h"
 
+/** A text with enough to read behind it that it may be copied in one block. */
+struct RoomyText {
+  std::string_view text;
+};
+
 class DynString {
  public:
   static constexpr int shortMax = 15;  // characters that stand in the object itself
@@ -21,6 +26,16 @@ class DynString {
   DynString() { becomeUnset(); }
   explicit DynString(const char* text) : DynString() { set(text); }
   explicit DynString(std::string_view text) : DynString() { set(text); }
+  /** A copy of a text from whose start on shortMax + 1 bytes can be read, whatever its length. */
+  explicit DynString(RoomyText roomy) {
+    if (roomy.text.size() > shortMax) [[unlikely]] {
+      becomeUnset();
+      setLong(roomy.text);
+    } else {
+      std::memcpy(store.chars, roomy.text.data(), sizeof(store.chars));
+      setInlineLength(roomy.text.size());
+    }
+  }
   DynString(const DynString& other) : DynString() { *this = other; }
   DynString(DynString&& other) noexcept : store(other.store) { other.becomeUnset(); }
   DynString& operator=(const DynString& other) {

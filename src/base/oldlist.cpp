@@ -14,17 +14,6 @@ void OldListItem::view8() const {
   std::printf("%08llX", static_cast<unsigned long long>(reinterpret_cast<std::uintptr_t>(this)));
 }
 
-void OldList::addItemLast(OldListItem* item) {
-  OldListRefItem* node = OldListRefItem::create(item);
-  node->setPrev(last);
-  if (last == nullptr) {
-    first = node;
-  } else {
-    last->setNext(node);
-  }
-  last = node;
-}
-
 void OldList::addItemFirst(OldListItem* item) {
   OldListRefItem* node = OldListRefItem::create(item);
   node->setNext(first);

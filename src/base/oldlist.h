@@ -39,13 +39,13 @@ class OldListRefItem {
  private:
   friend class OldListItem;
 
-  OldListRefItem() = default;
-  explicit OldListRefItem(OldListItem* held) : item(held) {}
+  OldListRefItem() {}
+  explicit OldListRefItem(OldListItem* held) : item(held), next(nullptr), prev(nullptr) {}
   inline bool isInItem() const;
 
-  OldListItem* item = nullptr;
-  OldListRefItem* next = nullptr;
-  OldListRefItem* prev = nullptr;
+  OldListItem* item;
+  OldListRefItem* next;
+  OldListRefItem* prev;
 };
 
 /** Base of everything that stands in an OldList. Counts the nodes that hold it, and has room for
@@ -76,13 +76,11 @@ class OldListItem {
 bool OldListRefItem::isInItem() const { return this == &item->firstNode; }
 
 OldListRefItem* OldListRefItem::create(OldListItem* held) {
-  OldListRefItem* node = &held->firstNode;
-  if (held->getRefCount() > 0) [[unlikely]] {
-    node = ::new (Pool<sizeof(OldListRefItem)>::take()) OldListRefItem(held);
-  }
-  node->item = held;
+  void* place = &held->firstNode;
+  if (held->getRefCount() > 0) [[unlikely]]
+    place = Pool<sizeof(OldListRefItem)>::take();
   held->incRefCount();
-  return node;
+  return ::new (place) OldListRefItem(held);
 }
 
 void OldListRefItem::destroy(OldListRefItem* node) {
@@ -158,5 +156,16 @@ class OldList {
   OldListRefItem* last = nullptr;
   Stack<OldListRefItem*> anchorStack;
 };
+
+inline void OldList::addItemLast(OldListItem* item) {
+  OldListRefItem* node = OldListRefItem::create(item);
+  node->setPrev(last);
+  if (last == nullptr) {
+    first = node;
+  } else {
+    last->setNext(node);
+  }
+  last = node;
+}
 
 #endif

@@ -1,6 +1,6 @@
 // Storage for the records of a list: millions of small blocks of one size, cut from slabs without
-// an allocation each. A block that is given back is the next one taken; slabs live until the
-// process ends, so a run over many files needs the memory of its largest one.
+// an allocation each. Blocks that were given back are taken again before a new slab is; slabs live
+// until the process ends, so a run over many files needs the memory of its largest one.
 #ifndef QORN_BASE_POOL_H
 #define QORN_BASE_POOL_H
 
@@ -23,13 +23,8 @@ class Pool {
 #ifdef QORN_POOL_IS_HEAP  // the address sanitizer is to see every block by itself
     return ::operator new(Size);
 #else
-    if (freeBlocks != nullptr) {
-      Block* block = freeBlocks;
-      freeBlocks = block->next;
-      return block;
-    }
     if (fresh == freshEnd) [[unlikely]]
-      return takeFromNewSlab();
+      return takeUsed();
     void* block = fresh;
     fresh += Size;
     return block;
@@ -51,6 +46,13 @@ class Pool {
   static_assert(Size >= sizeof(Block) && Size % alignof(Block) == 0);
 
   static constexpr std::size_t blocksPerSlab = 65536 / Size;
+
+  static void* takeUsed() {
+    if (freeBlocks == nullptr) return takeFromNewSlab();
+    Block* block = freeBlocks;
+    freeBlocks = block->next;
+    return block;
+  }
 
   static void* takeFromNewSlab() {
     char* slab = static_cast<char*>(::operator new(blocksPerSlab* Size));

@@ -90,6 +90,12 @@ std::size_t matchBlanks(const char* at) {
   return static_cast<std::size_t>(here - at);
 }
 
+std::size_t matchSpaces(const char* at) {
+  const char* here = at;
+  while (*here == ' ') ++here;
+  return static_cast<std::size_t>(here - at);
+}
+
 std::size_t matchDecimal(const char* at) {
   const std::size_t integer = matchDigits(at, DIGIT);
   if (integer == 0) return 0;

@@ -64,11 +64,6 @@ constexpr auto caseGroups = [] {
   return typ == T_WHITESPACE || typ == T_NEWLINE || isComment(typ);
 }
 
-/** Tokens in whose text the lexer resolves tabs. */
-[[nodiscard]] constexpr bool expandsTabs(int typ) {
-  return typ == T_WHITESPACE || typ == T_COMMENT || typ == T_ATTRIBUTE_NAME;
-}
-
 /** Literals and comments that keep the tabs of their source text. */
 [[nodiscard]] constexpr bool keepsTabs(int typ) {
   return typ == T_STRING || typ == T_CHARACTER || isPragma(typ);

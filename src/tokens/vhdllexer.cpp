@@ -2,6 +2,7 @@
 // equal ones the more special. A NUL byte ends the stored text of its token.
 #include "tokens/vhdllexer.h"
 
+#include <algorithm>
 #include <array>
 
 #include "base/sourcetext.h"
@@ -21,16 +22,17 @@ int lexParenLevel = 0;
 
 /** A character that is a token of its own, or with one of two others behind it. */
 struct Punctuation {
-  int alone;
+  static constexpr int none = -1000;  // no character
+  int alone = T_UNKNOWN;
   struct {
-    char second;
-    int typ;
+    int second = none;
+    int typ = 0;
   } compounds[2];
 };
 
 constexpr auto punctuations = [] {
   std::array<Punctuation, 256> table{};
-  for (auto& entry : table) entry = {T_UNKNOWN, {{'\0', 0}, {'\0', 0}}};
+  table.fill(Punctuation{});  // spelled out: gcc 12 leaves entries empty otherwise
   for (const char delimiter : {'&', '\'', '+', '-', '|'}) {
     table[static_cast<unsigned char>(delimiter)].alone = T_DELIMITER;
   }
@@ -44,107 +46,167 @@ constexpr auto punctuations = [] {
   table[';'] = {T_SEMICOLON, {}};
   table[','] = {T_COMMA,     {}};
   table['.'] = {T_DOT,       {}};
-  table['('] = {T_LPAREN,    {}};
-  table[')'] = {T_RPAREN,    {}};
   table['['] = {T_LBRACKET,  {}};
   table[']'] = {T_RBRACKET,  {}};
-  table['!'] = {T_BAR,       {}};
   // clang-format on
   return table;
 }();
 
 struct Match {
   int typ;
-  std::size_t length;
+  std::size_t length;  // 0: the token, if there is one, has been added
 };
 
-Match matchWord(const char* at) {
-  const std::size_t bits = matchBitString(at);
-  if (bits > 0) return {T_BITSTRING, bits};
+/** Cuts one source into tokens. The line feed behind the end of the source lets no rule pass. */
+class Lexer {
+ public:
+  explicit Lexer(const SourceText& source)
+      : at(source.begin()),
+        end(source.end()),
+        holdsNul(source.view().find('\0') != std::string_view::npos) {}
+  /** Adds all tokens of the source, T_EOF last. */
+  void addTokens();
+
+ private:
+  // Each finds the token at `at`. Those whose texts are not as in the source add it themselves and
+  // go on behind it.
+  Match matchNext();
+  Match matchWord() const;
+  Match matchWhitespace();
+  Match matchNumber() const;
+  Match matchSpecial();
+  Match matchEnd();
+  Match matchCommentOrDelimiter();
+  Match matchTick();
+  Match matchPunctuation() const;
+  Match orPunctuation(Match match) const;
+
+  /** The text of that length, which is passed over. */
+  std::string_view take(std::size_t length) {
+    const std::string_view text(at, length);
+    at += length;
+    if (holdsNul) [[unlikely]]
+      return text.substr(0, text.find('\0'));
+    return text;
+  }
+  void add(Match match);
+  /** Adds a token of another text; no match is left. */
+  Match addText(int typ, std::string_view text);
+  /** Adds a token in whose text tabs have become blanks. */
+  Match addExpanded(int typ, std::size_t length) { return addText(typ, ReplaceTabs(take(length))); }
+
+  const char* at;
+  const char* end;
+  bool holdsNul;
+  bool isEnded = false;
+};
+
+void Lexer::add(Match match) {
+  const std::string_view text = take(match.length);
+  lexColumn += static_cast<long>(text.size());
+  yytoklist->addItemLast(new VhdlToken(match.typ, lexLine, lexParenLevel, RoomyText{text}));
+  if (match.typ == T_RPAREN) --lexParenLevel;
+  if (match.typ == T_NEWLINE) {
+    lexColumn = 0;
+    ++lexLine;
+  }
+}
+
+Match Lexer::addText(int typ, std::string_view text) {
+  auto* token = new VhdlToken(typ, lexLine, lexParenLevel, text);
+  if (typ == T_ATTRIBUTE_NAME) token->deleteSpaces();
+  yytoklist->addItemLast(token);
+  return {typ, 0};
+}
+
+Match Lexer::matchWord() const {
   const std::size_t length = matchIdentifier(at);
+  if (length == 1) {
+    const std::size_t bits = matchBitString(at);
+    return bits > 0 ? Match{T_BITSTRING, bits} : Match{T_IDENTIFIER, 1};
+  }
   const int word = findReservedWord({at, length});
   return {word == -1 ? static_cast<int>(T_IDENTIFIER) : word, length};
 }
 
-Match matchNumber(const char* at) {
-  const std::size_t based = matchBased(at);
-  if (based > 0) return {T_BASED, based};
-  return {T_DECIMAL, matchDecimal(at)};
+Match Lexer::matchWhitespace() {
+  const std::size_t spaces = matchSpaces(at);
+  if (hasClass(at[spaces], BLANK)) return addExpanded(T_WHITESPACE, matchBlanks(at));
+  return {T_WHITESPACE, spaces};
 }
 
-Match matchTick(const char* at) {
+Match Lexer::matchNumber() const {
+  const std::size_t based = matchBased(at);
+  return based > 0 ? Match{T_BASED, based} : Match{T_DECIMAL, matchDecimal(at)};
+}
+
+Match Lexer::matchSpecial() {
+  switch (*at) {
+    case '\n': return at == end ? matchEnd() : Match{T_NEWLINE, 1};
+    case '\r': ++at; return {T_UNKNOWN, 0};
+    case '(': ++lexParenLevel; return {T_LPAREN, 1};
+    case ')': return {T_RPAREN, 1};
+    case '-': return matchCommentOrDelimiter();
+    case '\'': return matchTick();
+    case '"':
+    case '%': return orPunctuation({T_STRING, matchString(at)});
+    case '\\': return orPunctuation({T_IDENTIFIER, matchExtendedIdentifier(at, end)});
+    case '!':
+      ++at;
+      ++lexColumn;
+      return addText(T_BAR, "|");
+    default: return matchPunctuation();
+  }
+}
+
+Match Lexer::matchEnd() {
+  isEnded = true;
+  return addText(T_EOF, "");
+}
+
+Match Lexer::matchCommentOrDelimiter() {
+  if (at[1] != '-') return {T_DELIMITER, 1};
+  const int typ = commentTyp(at);
+  return typ == T_COMMENT ? addExpanded(typ, matchComment(at)) : Match{typ, matchComment(at)};
+}
+
+Match Lexer::matchTick() {
   if (isTickBeforeLiteral(at)) return {T_TICK, 1};
   if (isCharacterLiteral(at)) return {T_CHARACTER, 3};
   const std::size_t attribute = matchAttribute(at);
-  if (attribute > 0) return {T_ATTRIBUTE_NAME, attribute};
-  return {T_DELIMITER, 1};
+  return attribute > 0 ? addExpanded(T_ATTRIBUTE_NAME, attribute) : Match{T_DELIMITER, 1};
 }
 
-Match matchPunctuation(const char* at) {
+Match Lexer::matchPunctuation() const {
   const Punctuation& entry = punctuations[static_cast<unsigned char>(*at)];
   for (const auto& compound : entry.compounds) {
-    if (compound.second != '\0' && compound.second == at[1]) return {compound.typ, 2};
+    if (compound.second == at[1]) return {compound.typ, 2};
   }
   return {entry.alone, 1};
 }
 
-/** The longest match at a place before the end, a carriage return excepted. */
-Match matchToken(const char* at, const char* end) {
-  if (hasClass(*at, LETTER)) return matchWord(at);
-  if (hasClass(*at, BLANK)) return {T_WHITESPACE, matchBlanks(at)};
-  if (hasClass(*at, DIGIT)) return matchNumber(at);
-  std::size_t length = 0;
-  switch (*at) {
-    case '\n': return {T_NEWLINE, 1};
-    case '\'': return matchTick(at);
-    case '-':
-      if (at[1] == '-') return {commentTyp(at), matchComment(at)};
-      break;
-    case '"':
-    case '%':
-      length = matchString(at);
-      if (length > 0) return {T_STRING, length};
-      break;
-    case '\\':
-      length = matchExtendedIdentifier(at, end);
-      if (length > 0) return {T_IDENTIFIER, length};
-      break;
-    default: break;
-  }
-  return matchPunctuation(at);
+Match Lexer::orPunctuation(Match match) const {
+  return match.length > 0 ? match : matchPunctuation();
 }
 
-/** Appends a token at the current line and level; tabs are expanded where the code says so. */
-void addToken(std::string_view text, int typ) {
-  if (!expandsTabs(typ)) {
-    lexColumn = typ == T_NEWLINE ? 0 : lexColumn + static_cast<long>(text.size());
-    yytoklist->addItemLast(new VhdlToken(typ, lexLine, lexParenLevel, text));
-    return;
+Match Lexer::matchNext() {
+  if (hasClass(*at, LETTER)) return matchWord();
+  if (hasClass(*at, BLANK)) return matchWhitespace();
+  if (hasClass(*at, DIGIT)) return matchNumber();
+  return matchSpecial();
+}
+
+void Lexer::addTokens() {
+  while (!isEnded) {
+    const Match match = matchNext();
+    if (match.length > 0) add(match);
   }
-  auto* token = new VhdlToken(typ, lexLine, lexParenLevel, ReplaceTabs(text));
-  if (typ == T_ATTRIBUTE_NAME) token->deleteSpaces();
-  yytoklist->addItemLast(token);
 }
 
 }  // namespace
 
 int yylex() {
   const SourceText source(yyin, yyname);
-  const bool holdsNul = source.view().find('\0') != std::string_view::npos;
-  const char* at = source.begin();
-  int typ = 0;
-  while (typ != T_EOF) {
-    while (*at == '\r') ++at;
-    const Match match = at == source.end() ? Match{T_EOF, 0} : matchToken(at, source.end());
-    std::string_view text(at, match.length);
-    at += match.length;
-    typ = match.typ;
-    if (holdsNul) text = text.substr(0, text.find('\0'));
-    if (typ == T_BAR) text = "|";
-    if (typ == T_LPAREN) ++lexParenLevel;
-    addToken(text, typ);
-    if (typ == T_RPAREN) --lexParenLevel;
-    if (typ == T_NEWLINE) ++lexLine;
-  }
+  Lexer(source).addTokens();
   return 0;
 }

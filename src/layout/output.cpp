@@ -12,6 +12,39 @@ namespace {
 
 constexpr int shortestTabRun = 4;  // fewer blanks are never turned into tabs
 
+/** The two switches of the pragma comments, and what they make of a token. */
+class Printing {
+ public:
+  Printing() { setStyles(); }
+
+  /** Obeys a pragma comment, which is itself printed under its new setting. */
+  void obey(int pragma) {
+    if (pragma == T_FORMAT_ON || pragma == T_FORMAT_OFF) formatting = pragma == T_FORMAT_ON ? 1 : 0;
+    if (pragma == T_INDENT_ON || pragma == T_INDENT_OFF) layout = pragma == T_INDENT_ON ? 1 : 0;
+    formatted = formatting & layout;
+    setStyles();
+  }
+  std::string_view textOf(const VhdlToken& token) const {
+    return token.getCaseText(formatting, layout);
+  }
+  /** Writes textOf if it is short. Result and target as of VhdlToken::writeShort. */
+  int writeShort(const VhdlToken& token, char* target) const {
+    return token.writeShort(target, formatted, styles[token.getTyp()]);
+  }
+
+ private:
+  void setStyles() {
+    for (int typ = firstTokenCode; typ < firstTokenCode + tokenCodeCount; ++typ) {
+      styles[typ] = formatting == 1 ? VhdlToken::caseStyleOf(typ) : static_cast<int>(C_ASIS);
+    }
+  }
+
+  int formatting = 1;
+  int layout = 1;
+  int formatted = 1;
+  TokenTable<int> styles{C_ASIS};  // by code, so that a token needs one look
+};
+
 /** The text on its way to a stream, gathered into large pieces. Once a write has failed, the
    system's error number is kept and nothing more is written. */
 class OutputBuffer {
@@ -30,13 +63,13 @@ class OutputBuffer {
     used += text.size();
   }
   /** The text of a token; most are short and go straight into the buffer. */
-  void write(const VhdlToken& token, int formatting, int layout) {
+  void write(const VhdlToken& token, const Printing& printing) {
     if (used > sizeof(buffer) - DynString::shortMax - 1) flush();
-    const int length = token.writeShort(buffer + used, formatting, layout);
+    const int length = printing.writeShort(token, buffer + used);
     if (length >= 0) {
       used += static_cast<std::size_t>(length);
     } else {
-      write(token.getCaseText(formatting, layout));
+      write(printing.textOf(token));
     }
   }
   void flush() {
@@ -64,21 +97,19 @@ void VhdlScanner::Print(FILE* stream) {
   outFile = stream == nullptr ? OpenOutfile() : stdout;
   if (outFile == nullptr) return;
   OutputBuffer output(outFile);
-  int formatting = 1;
-  int layout = 1;
+  Printing printing;
   long long column = 0;  // of the output, in bytes before blanks turn into tabs
   tokenList.getFirst();
-  while (const VhdlToken* token = stepForward()) {
-    const int typ = token->getTyp();
-    if (isPragma(typ)) {  // is itself printed under its new setting
-      if (typ == T_FORMAT_ON || typ == T_FORMAT_OFF) formatting = typ == T_FORMAT_ON ? 1 : 0;
-      if (typ == T_INDENT_ON || typ == T_INDENT_OFF) layout = typ == T_INDENT_ON ? 1 : 0;
-    }
+  const OldListRefItem* node = tokenList.getAnchorNode();
+  while (node != nullptr && (node = node->getNext()) != nullptr) {
+    const VhdlToken& token = tokenAt(node);
+    const int typ = token.getTyp();
+    if (isPragma(typ)) printing.obey(typ);
     if (tabify == 0) {
-      output.write(*token, formatting, layout);
+      output.write(token, printing);
       continue;
     }
-    const std::string_view text = token->getCaseText(formatting, layout);
+    const std::string_view text = printing.textOf(token);
     output.write(tabified(typ, heldInRange(column), text));
     column = typ == T_NEWLINE && !text.empty() ? 0 : column + static_cast<long long>(text.size());
   }

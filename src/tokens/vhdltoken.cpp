@@ -31,7 +31,8 @@ DynString& VhdlToken::wideCaseBuffer = *::new (bufferRoom[1]) DynString;
 std::size_t VhdlToken::longestSource = 64;
 
 // Before the output is opened, so that running out of memory costs no file.
-void VhdlToken::widenCaseBuffer(std::size_t length) {
+void VhdlToken::provideFor(std::size_t length) {
+  if (length <= longestSource) return;
   longestSource = 2 * length;
   wideCaseBuffer.reserve(static_cast<int>(longestSource));
 }
@@ -74,21 +75,19 @@ void VhdlToken::deleteSpaces() {
 }
 
 std::string_view VhdlToken::getCaseText(int formatting, int layout) const {
-  if (formatting == 0) return viewText(0);
-  const int style = caseStyles[caseGroup(typ)];
-  return style == C_ASIS ? viewText(layout) : getUpperLowerText(layout, style);
+  return formatting == 0 ? viewText(0) : getUpperLowerText(layout, caseStyleOf(typ));
 }
 
-int VhdlToken::writeShort(char* target, int formatting, int layout) const {
-  const DynString& source = chosen(formatting == 0 ? 0 : layout);
+int VhdlToken::writeShort(char* target, int formatted, int style) const {
+  const DynString& source = chosen(formatted);
   if (!source.isShort()) return -1;
   source.copyBlock(target);
-  const int style = formatting == 0 ? static_cast<int>(C_ASIS) : caseStyles[caseGroup(typ)];
-  if (style == C_CAPITALIZED || style == C_CAPITALIZEAFTERUNDERSCORE) return -1;
   if (style == C_LOWERCASE) {
     for (int i = 0; i <= DynString::shortMax; ++i) target[i] = lower(target[i]);
   } else if (style == C_UPPERCASE) {
     for (int i = 0; i <= DynString::shortMax; ++i) target[i] = upper(target[i]);
+  } else if (style != C_ASIS) {
+    return -1;
   }
   return source.length();
 }

@@ -18,8 +18,13 @@ class VhdlToken : public OldListItem {
   VhdlToken() : VhdlToken(0, 0, 0, std::string_view()) {}
   VhdlToken(int code, int line, int level, std::string_view source)
       : typ(static_cast<std::int16_t>(code)), parenLevel(level), lineNo(line), text(source) {
-    if (source.size() > longestSource) [[unlikely]]
-      widenCaseBuffer(source.size());
+    if (source.size() > DynString::shortMax) [[unlikely]]
+      provideFor(source.size());
+  }
+  VhdlToken(int code, int line, int level, RoomyText source)
+      : typ(static_cast<std::int16_t>(code)), parenLevel(level), lineNo(line), text(source) {
+    if (source.text.size() > DynString::shortMax) [[unlikely]]
+      provideFor(source.text.size());
   }
   VhdlToken(const VhdlToken&) = default;
   VhdlToken& operator=(const VhdlToken&) = delete;
@@ -71,9 +76,11 @@ class VhdlToken : public OldListItem {
 
   /** The text that is printed, where `formatting` and `layout` are the output's two switches. */
   std::string_view getCaseText(int formatting, int layout) const;
-  /** Writes what getCaseText returns, if it is short, and returns its length; -1 for any other
-     text. Touches DynString::shortMax + 1 bytes of the target. */
-  int writeShort(char* target, int formatting, int layout) const;
+  /** The style in which tokens of a code are printed. */
+  static int caseStyleOf(int typ) { return caseStyles[caseGroup(typ)]; }
+  /** Writes getText(formatted) in a case style, if it is short, and returns its length; -1 for any
+     other text. Touches DynString::shortMax + 1 bytes of the target. */
+  int writeShort(char* target, int formatted, int style) const;
   /** getText(formatted) in a case style; a code that is no style leaves it as it is. */
   std::string_view getUpperLowerText(int formatted, int style) const;
 
@@ -122,7 +129,7 @@ class VhdlToken : public OldListItem {
   static DynString& caseBuffer;
   static DynString& wideCaseBuffer;  // the same for long texts
   static std::size_t longestSource;  // of all tokens so far; the wide buffer has room for it
-  static void widenCaseBuffer(std::size_t length);
+  static void provideFor(std::size_t length);
   static DynString& bufferFor(const DynString& source);
 
   std::int16_t typ;
@@ -135,5 +142,15 @@ class VhdlToken : public OldListItem {
   DynString text;                  // from the source, tabs expanded
   DynString formatText;            // what is printed instead
 };
+
+/** The token that a node of a token list holds. */
+[[nodiscard]] inline VhdlToken& tokenAt(const OldListRefItem* node) {
+  return *static_cast<VhdlToken*>(node->getItem());
+}
+
+/** The code of that token; -1 without a node. */
+[[nodiscard]] inline int typAt(const OldListRefItem* node) {
+  return node == nullptr ? -1 : tokenAt(node).getTyp();
+}
 
 #endif

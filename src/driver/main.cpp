@@ -64,10 +64,11 @@ ExitStatus formatStandardInput(VhdlScanner& scanner) {
 /** The files named, up to the first that can't be opened; those before it stay rewritten. */
 ExitStatus formatFiles(ArgScan& options, VhdlScanner& scanner) {
   const char* file = options.getFirstArgument();
-  for (; file != nullptr; file = options.getNextArgument()) {
+  while (file != nullptr) {
     if (scanner.setInputFile(file) != 0 || scanner.format() != 0) return STATUS_FAILED;
     scanner.Print(nullptr);
-    scanner.Reset();
+    file = options.getNextArgument();
+    if (file != nullptr) scanner.Reset();
   }
   return STATUS_OK;
 }
@@ -76,7 +77,7 @@ ExitStatus formatFiles(ArgScan& options, VhdlScanner& scanner) {
 
 int main(int argc, char** argv) {
   std::set_new_handler(outOfMemory);
-  VhdlScanner scanner;
+  static VhdlScanner& scanner = *new VhdlScanner;  // goes with the process, sooner than by a walk
   std::signal(SIGINT, interrupted);
   std::signal(SIGTERM, interrupted);
   ArgScan options;

@@ -27,7 +27,7 @@ struct VhdlScanner::LineInHand {
   void reach(OldListRefItem* node) {
     reached = node;
     if (shifts.isEmpty()) return;
-    auto& token = *static_cast<VhdlToken*>(node->getItem());
+    VhdlToken& token = tokenAt(node);
     token.setIndent(shifts.apply(token.getIndent()));
   }
   void visit(OldListRefItem* node) {
@@ -79,7 +79,7 @@ OldListRefItem* VhdlScanner::LineInHand::passPlainTokens(OldListRefItem* node, i
     unmeasuredWidth = width;
   }
   for (OldListRefItem* next = node->getNext(); next != nullptr; next = next->getNext()) {
-    const auto& token = *static_cast<const VhdlToken*>(next->getItem());
+    const VhdlToken& token = tokenAt(next);
     const long long wider = width + token.textLength(1);
     if (!isPlain(token) || wider > limit) break;
     width = wider;
@@ -92,7 +92,7 @@ void VhdlScanner::LineInHand::measure(const OldListRefItem* end) {
   if (unmeasured == nullptr) return;
   long long column = unmeasuredWidth;
   for (OldListRefItem* node = unmeasured; node != end; node = node->getNext()) {
-    auto& token = *static_cast<VhdlToken*>(node->getItem());
+    VhdlToken& token = tokenAt(node);
     token.setColumn(static_cast<int>(column));
     column += token.textLength(1);
   }

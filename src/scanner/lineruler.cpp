@@ -6,13 +6,9 @@
 
 namespace {
 
-const VhdlToken& tokenOf(const OldListRefItem* node) {
-  return *static_cast<const VhdlToken*>(node->getItem());
-}
-
 /** The first token at or behind a node that is no blank, or null. */
 OldListRefItem* skipBlanks(OldListRefItem* node) {
-  while (node != nullptr && tokenOf(node).getTyp() == T_WHITESPACE) node = node->getNext();
+  while (node != nullptr && tokenAt(node).getTyp() == T_WHITESPACE) node = node->getNext();
   return node;
 }
 
@@ -21,8 +17,8 @@ OldListRefItem* skipBlanks(OldListRefItem* node) {
   int column = 0;
   OldListRefItem* start = place;
   for (OldListRefItem* node = place->getPrev(); node != nullptr; node = node->getPrev()) {
-    if (isLineEnd(tokenOf(node), 1)) break;
-    column = addColumns(column, countColumns(tokenOf(node), 1, tabWidth));
+    if (isLineEnd(tokenAt(node), 1)) break;
+    column = addColumns(column, countColumns(tokenAt(node), 1, tabWidth));
     start = node;
   }
   return {skipBlanks(start), column};
@@ -39,8 +35,8 @@ OldListRefItem* LineRuler::findFirst(OldListRefItem* place) const {
   OldListRefItem* earliest = place;
   for (OldListRefItem* node = place->getPrev(); node != nullptr; node = node->getPrev()) {
     if (node == mark) return first;
-    if (tokenOf(node).getTyp() == T_WHITESPACE) continue;
-    if (isLineEnd(tokenOf(node), 1)) break;
+    if (tokenAt(node).getTyp() == T_WHITESPACE) continue;
+    if (isLineEnd(tokenAt(node), 1)) break;
     earliest = node;
   }
   return skipBlanks(earliest);
@@ -53,7 +49,7 @@ LineRuler::Reading LineRuler::read(OldListRefItem* place, int tabWidth) {
   OldListRefItem* earliest = place;   // the token furthest back that is no blank
   OldListRefItem* node = place->getPrev();
   for (; node != nullptr && node != mark; node = node->getPrev()) {
-    const VhdlToken& token = tokenOf(node);
+    const VhdlToken& token = tokenAt(node);
     if (token.getTyp() == T_WHITESPACE) {
       column += token.textLength(1);
       continue;
@@ -85,12 +81,12 @@ LineRuler::Reading LineRuler::read(OldListRefItem* place, int tabWidth) {
 int LineRuler::readSource(const OldListRefItem* place, int tabWidth) {
   long long column = 0;
   const OldListRefItem* node = place->getPrev();
-  while (node != nullptr && node != sourceMark && !isLineEnd(tokenOf(node), 0)) {
-    column += countColumns(tokenOf(node), 0, tabWidth);
+  while (node != nullptr && node != sourceMark && !isLineEnd(tokenAt(node), 0)) {
+    column += countColumns(tokenAt(node), 0, tabWidth);
     node = node->getPrev();
   }
-  if (node != nullptr && node == sourceMark && !isLineEnd(tokenOf(node), 0)) {
-    column += sourceColumn + static_cast<long long>(countColumns(tokenOf(node), 0, tabWidth));
+  if (node != nullptr && node == sourceMark && !isLineEnd(tokenAt(node), 0)) {
+    column += sourceColumn + static_cast<long long>(countColumns(tokenAt(node), 0, tabWidth));
   }
   sourceMark = place;
   sourceColumn = heldInRange(column);

@@ -2,16 +2,6 @@
 // short ones go from node to node, which spares every token the way of the anchor over its stack.
 #include "scanner/vhdlscanner.h"
 
-namespace {
-
-const VhdlToken& tokenOf(const OldListRefItem* node) {
-  return *static_cast<const VhdlToken*>(node->getItem());
-}
-
-int typOf(const OldListRefItem* node) { return node == nullptr ? -1 : tokenOf(node).getTyp(); }
-
-}  // namespace
-
 int VhdlScanner::getParenLevel() const {
   const VhdlToken* token = anchorToken();
   return token == nullptr ? 0 : token->getParenLevel();
@@ -22,8 +12,8 @@ int VhdlScanner::typBehindBlanks() const {
   if (node == nullptr) return -1;
   do {
     node = node->getNext();
-  } while (typOf(node) == T_WHITESPACE);
-  return typOf(node);
+  } while (typAt(node) == T_WHITESPACE);
+  return typAt(node);
 }
 
 int VhdlScanner::typBeforeBlanks() const {
@@ -31,8 +21,8 @@ int VhdlScanner::typBeforeBlanks() const {
   if (node == nullptr) return -1;
   do {
     node = node->getPrev();
-  } while (typOf(node) == T_WHITESPACE);
-  return typOf(node);
+  } while (typAt(node) == T_WHITESPACE);
+  return typAt(node);
 }
 
 int VhdlScanner::nextIsComment() const {
@@ -40,8 +30,8 @@ int VhdlScanner::nextIsComment() const {
   if (node == nullptr) return 0;
   do {
     node = node->getNext();
-  } while (typOf(node) == T_WHITESPACE || typOf(node) == T_NEWLINE);
-  return typOf(node) == T_COMMENT ? 1 : 0;
+  } while (typAt(node) == T_WHITESPACE || typAt(node) == T_NEWLINE);
+  return typAt(node) == T_COMMENT ? 1 : 0;
 }
 
 int VhdlScanner::LookForward(int count) const {
@@ -49,7 +39,7 @@ int VhdlScanner::LookForward(int count) const {
   while (node != nullptr) {
     node = node->getNext();
     if (node == nullptr) break;
-    const int typ = typOf(node);
+    const int typ = typAt(node);
     if (!isSpacing(typ) && --count <= 0) return typ;
   }
   return T_EOF;

@@ -8,7 +8,7 @@ namespace {
 /** Width of the blank before a node, 0 if there is none. */
 int blanksBefore(const OldListRefItem& node) {
   if (node.getPrev() == nullptr) return 0;
-  const auto& token = *static_cast<const VhdlToken*>(node.getPrev()->getItem());
+  const VhdlToken& token = tokenAt(node.getPrev());
   return token.getTyp() == T_WHITESPACE ? token.textLength(1) : 0;
 }
 
@@ -16,7 +16,7 @@ int blanksBefore(const OldListRefItem& node) {
 bool isIndented(const OldListRefItem& first, int indent) {
   const OldListRefItem* node = first.getPrev();
   if (node == nullptr) return false;
-  const auto& token = *static_cast<const VhdlToken*>(node->getItem());
+  const VhdlToken& token = tokenAt(node);
   if (token.getTyp() != T_WHITESPACE) return indent <= 0;
   return token.isFormatted() && token.textLength(1) == indent;
 }
@@ -33,16 +33,8 @@ void VhdlScanner::setNextSpaces(int count) {
   VhdlToken* next = peekForward();
   if (next != nullptr && next->getTyp() == T_WHITESPACE) {
     next->setFormatBlanks(count);
-    return;
-  }
-  if (next != nullptr && (next->getTyp() == T_EOF || count <= 0)) return;
-  VhdlToken* blank = newSpacing(T_WHITESPACE, getParenLevel(), "");
-  blank->setFormatBlanks(count);
-  if (next == nullptr) {
-    tokenList.addItemLast(blank);
   } else {
-    const AnchorGuard guard(tokenList);
-    tokenList.addItemAnchor(blank);
+    insertBlanksBehind(count);
   }
 }
 
@@ -50,17 +42,35 @@ void VhdlScanner::setPrevSpaces(int count) {
   VhdlToken* prev = peekBack();
   if (prev != nullptr && prev->getTyp() == T_WHITESPACE) {
     prev->setFormatBlanks(count);
-    return;
-  }
-  if (prev == nullptr ? count == 0 : count <= 0) return;
-  VhdlToken* blank = newSpacing(T_WHITESPACE, getParenLevel(), "");
-  blank->setFormatBlanks(count);
-  if (prev == nullptr) {
-    tokenList.addItemFirst(blank);
   } else {
+    insertBlanksBefore(count);
+  }
+}
+
+VhdlToken* VhdlScanner::newBlanks(int count) {
+  VhdlToken* blanks = newSpacing(T_WHITESPACE, getParenLevel(), "");
+  blanks->setFormatBlanks(count);
+  return blanks;
+}
+
+void VhdlScanner::insertBlanksBehind(int count) {
+  const VhdlToken* next = peekForward();
+  if (next == nullptr) {
+    tokenList.addItemLast(newBlanks(count));
+  } else if (next->getTyp() != T_EOF && count > 0) {
+    const AnchorGuard guard(tokenList);
+    tokenList.addItemAnchor(newBlanks(count));
+  }
+}
+
+void VhdlScanner::insertBlanksBefore(int count) {
+  if (peekBack() == nullptr) {
+    if (count != 0) tokenList.addItemFirst(newBlanks(count));
+  } else if (count > 0) {
+    VhdlToken* blanks = newBlanks(count);
     const AnchorGuard guard(tokenList);
     stepBack();
-    tokenList.addItemAnchor(blank);
+    tokenList.addItemAnchor(blanks);
   }
 }
 
@@ -120,7 +130,7 @@ void VhdlScanner::IndentLine(int delta) {
   if (place == nullptr) return;
   OldListRefItem* first = ruler.findFirst(place);
   if (first == nullptr) return;
-  auto& token = *static_cast<VhdlToken*>(first->getItem());
+  VhdlToken& token = tokenAt(first);
   if (delta != 0) token.setIndent(addColumns(token.getIndent(), delta));
   if (isIndented(*first, token.getIndent())) return;
   const AnchorGuard guard(tokenList);

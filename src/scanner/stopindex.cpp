@@ -38,10 +38,6 @@ bool isStop(int typ) {
          classWidths[typ] > 0;
 }
 
-int typOf(const OldListRefItem* node) {
-  return static_cast<const VhdlToken*>(node->getItem())->getTyp();
-}
-
 }  // namespace
 
 int modeWidth(int typ) { return modeWidths[typ]; }
@@ -55,7 +51,7 @@ void StopIndex::countSteps(const OldListRefItem* cursor, int steps) {
 void StopIndex::build(const OldListRefItem* cursor) {
   clear();
   for (OldListRefItem* node = cursor->getNext(); node != nullptr; node = node->getNext()) {
-    const auto& token = *static_cast<const VhdlToken*>(node->getItem());
+    const VhdlToken& token = tokenAt(node);
     if (isStop(token.getTyp())) stops.push_back({node, token.getParenLevel(), 0, 0, 0, 0, 0, 0});
   }
   const auto none = static_cast<std::uint32_t>(stops.size());
@@ -67,7 +63,7 @@ void StopIndex::linkStops() {
   for (auto i = static_cast<std::uint32_t>(stops.size() - 1); i-- > 0;) {
     Stop& stop = stops[i];
     const Stop& behind = stops[i + 1];
-    const int typ = typOf(stop.node);
+    const int typ = typAt(stop.node);
     stop.semicolon = typ == T_SEMICOLON ? i : behind.semicolon;
     stop.end = typ == T_END ? i : behind.end;
     stop.close = typ == T_RPAREN ? i : behind.close;

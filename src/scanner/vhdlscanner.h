@@ -140,6 +140,8 @@ class VhdlScanner {
 
   void setNextSpaces(int count);
   void setPrevSpaces(int count);
+  void insertBlanksBehind(int count);
+  void insertBlanksBefore(int count);
   /** Ends the line behind the anchor and moves the anchor onto the line end; does nothing where a
       comment follows on the line. */
   void setNextNewline();
@@ -152,6 +154,7 @@ class VhdlScanner {
   void IndentLine(int delta);
   /** A blank or line end that prints that text and stands in no list yet. */
   static VhdlToken* newSpacing(int typ, int level, std::string_view format);
+  VhdlToken* newBlanks(int count);
 
   // --- Comments (comments.cpp) ---
 

@@ -57,11 +57,6 @@ void VhdlToken::setFormatText(DynString&& replacement) {
   hasFormatText = 1;
 }
 
-void VhdlToken::setFormatBlanks(int count) {
-  formatText.setBlanks(count);
-  hasFormatText = 1;
-}
-
 void VhdlToken::setTextIfUnformatted(std::string_view replacement) {
   if (hasFormatText == 0) setFormatText(replacement);
 }

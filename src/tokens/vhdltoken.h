@@ -54,7 +54,10 @@ class VhdlToken : public OldListItem {
   void setFormatText(std::string_view replacement);
   void setFormatText(DynString&& replacement);
   /** As setFormatText with that many blanks; with the empty text for 0 or less. */
-  void setFormatBlanks(int count);
+  void setFormatBlanks(int count) {
+    formatText.setBlanks(count);
+    hasFormatText = 1;
+  }
   /** As setFormatText, unless a format text was set before. */
   void setTextIfUnformatted(std::string_view replacement);
   const char* getFormatText() const { return formatText.get(); }

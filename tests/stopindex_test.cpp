@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <iterator>
 #include <random>
 #include <string>
@@ -11,19 +12,26 @@
 
 namespace {
 
-const VhdlToken& tokenOf(const OldListRefItem* node) {
-  return *static_cast<const VhdlToken*>(node->getItem());
-}
-
 bool standsAhead(const OldListRefItem* node, int typ, int level) {
   for (node = node->getNext(); node != nullptr; node = node->getNext()) {
-    if (tokenOf(node).getTyp() == typ && tokenOf(node).getParenLevel() <= level) return true;
+    if (tokenAt(node).getTyp() == typ && tokenAt(node).getParenLevel() <= level) return true;
   }
   return false;
 }
 
+int countEntries(const OldListRefItem* node, int level, int stop) {
+  int count = 1;
+  for (node = node->getNext(); node != nullptr; node = node->getNext()) {
+    if (tokenAt(node).getParenLevel() > level) continue;
+    if (tokenAt(node).getTyp() == stop) return std::min(count, severalEntries);
+    if (tokenAt(node).getTyp() == T_COMMA) ++count;
+  }
+  return 0;
+}
+
 TEST(StopIndexTest, AnswersAsAWalkToTheEndWould) {
-  constexpr const char* pieces[] = {"(", "(", ")", ";", "end ", "in ", "linkage ", "signal ", "a "};
+  constexpr const char* pieces[] = {"(",  "(",    ")",   ")",        ";",      ",",
+                                    "a ", "end ", "in ", "linkage ", "signal "};
   constexpr int anyLevel = 1 << 20;
   std::mt19937 random(7);
   for (int round = 0; round < 200; ++round) {
@@ -38,8 +46,12 @@ TEST(StopIndexTest, AnswersAsAWalkToTheEndWould) {
     for (OldListItem* item = list.getFirst(); item != nullptr; item = list.getNext()) {
       const OldListRefItem* node = list.getAnchorNode();
       index.pass(node);
-      const int level = tokenOf(node).getParenLevel();
+      const int level = tokenAt(node).getParenLevel();
       ASSERT_EQ(index.hasClose(level), standsAhead(node, T_RPAREN, level)) << text;
+      for (const int stop : {T_RPAREN, T_SEMICOLON}) {
+        const int entries = countEntries(node, level, stop);
+        ASSERT_EQ(index.countEntries(level, T_COMMA, stop), entries) << text;
+      }
       const bool ends = standsAhead(node, T_END, anyLevel) || standsAhead(node, T_RPAREN, level);
       ASSERT_EQ(index.hasListEnd(level), ends) << text;
       ASSERT_EQ(index.nextSemicolon() != nullptr, standsAhead(node, T_SEMICOLON, anyLevel)) << text;

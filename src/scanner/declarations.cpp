@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "base/columns.h"
+#include "scanner/peek.h"
 #include "scanner/vhdlscanner.h"
 
 namespace {
@@ -102,14 +103,9 @@ void VhdlScanner::Array() {
 }
 
 bool VhdlScanner::hasSeveralIndexRanges() {
-  bool several = false;
-  {
-    const AnchorGuard guard(tokenList);
-    several =
-        getNextTokenTyp() == T_LPAREN && CountListEntries(getParenLevel(), T_COMMA, T_RPAREN) > 1;
-  }
-  ruler.forget();
-  return several;
+  const Peek peek(*this);
+  if (getNextTokenTyp() != T_LPAREN) return false;
+  return CountListEntries(getParenLevel(), T_COMMA, T_RPAREN) > 1;
 }
 
 void VhdlScanner::openElements() {

@@ -211,14 +211,17 @@ int VhdlScanner::LongestAssociationIdentifier(int& hasArrow) {
 }
 
 int VhdlScanner::CountListEntries(int level, int separator, int stop) {
-  if (stopIndex.isBuilt() && stop == T_RPAREN && !stopIndex.hasClose(level)) return 0;
-  if (stopIndex.isBuilt() && stop == T_SEMICOLON && stopIndex.nextSemicolon() == nullptr) return 0;
+  if (stopIndex.isBuilt()) return stopIndex.countEntries(level, separator, stop);
   const OldListRefItem* cursor = tokenList.getAnchorNode();
   const AnchorGuard guard(tokenList);
   int count = 1;
-  while (const VhdlToken* token = stepForward()) {
+  int steps = 0;
+  for (const VhdlToken* token = stepForward(); token != nullptr; token = stepForward(), ++steps) {
     if (token->getParenLevel() > level) continue;
-    if (token->getTyp() == stop) return count;
+    if (token->getTyp() == stop) {
+      stopIndex.countSteps(cursor, steps);
+      return std::min(count, severalEntries);
+    }
     if (token->getTyp() == separator) ++count;
   }
   if (cursor != nullptr) stopIndex.build(cursor);

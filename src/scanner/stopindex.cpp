@@ -2,6 +2,7 @@
 #include "scanner/stopindex.h"
 
 #include <algorithm>
+#include <cassert>
 
 namespace {
 
@@ -34,8 +35,8 @@ constexpr auto classWidths = [] {
 }();
 
 bool isStop(int typ) {
-  return typ == T_SEMICOLON || typ == T_END || typ == T_RPAREN || modeWidths[typ] > 0 ||
-         classWidths[typ] > 0;
+  return typ == T_SEMICOLON || typ == T_COMMA || typ == T_END || typ == T_LPAREN ||
+         typ == T_RPAREN || modeWidths[typ] > 0 || classWidths[typ] > 0;
 }
 
 }  // namespace
@@ -52,11 +53,12 @@ void StopIndex::build(const OldListRefItem* cursor) {
   clear();
   for (OldListRefItem* node = cursor->getNext(); node != nullptr; node = node->getNext()) {
     const VhdlToken& token = tokenAt(node);
-    if (isStop(token.getTyp())) stops.push_back({node, token.getParenLevel(), 0, 0, 0, 0, 0, 0});
+    if (isStop(token.getTyp())) stops.push_back({node, token.getParenLevel()});
   }
   const auto none = static_cast<std::uint32_t>(stops.size());
-  stops.push_back({nullptr, 0, none, none, none, none, 0, 0});
+  stops.push_back({nullptr, 0, none});
   linkStops();
+  countListEntries();
 }
 
 void StopIndex::linkStops() {
@@ -65,14 +67,42 @@ void StopIndex::linkStops() {
     const Stop& behind = stops[i + 1];
     const int typ = typAt(stop.node);
     stop.semicolon = typ == T_SEMICOLON ? i : behind.semicolon;
-    stop.end = typ == T_END ? i : behind.end;
-    stop.close = typ == T_RPAREN ? i : behind.close;
-    stop.lowerClose = behind.close;
-    while (stops[stop.lowerClose].node != nullptr && stops[stop.lowerClose].level >= stop.level) {
-      stop.lowerClose = stops[stop.lowerClose].lowerClose;
-    }
+    const int semicolonLevel = typ == T_SEMICOLON ? stop.level : INT_MAX;
+    stop.lowestSemicolon = std::min(semicolonLevel, behind.lowestSemicolon);
+    stop.lowestClose = std::min(typ == T_RPAREN ? stop.level : INT_MAX, behind.lowestClose);
+    stop.hasEnd = typ == T_END || behind.hasEnd;
     stop.modeWidth = std::max(modeWidths[typ], behind.modeWidth);
     stop.classWidth = std::max(classWidths[typ], behind.classWidth);
+  }
+}
+
+void StopIndex::countListEntries() {
+  std::vector<int> closed;  // the entries of the lists that are open, seen from behind
+  for (auto stop = stops.rbegin() + 1; stop != stops.rend(); ++stop) {
+    const int typ = typAt(stop->node);
+    if (typ == T_RPAREN) {
+      closed.push_back(1);
+    } else if (typ == T_COMMA && !closed.empty()) {
+      closed.back() = severalEntries;
+    } else if (typ == T_LPAREN && !closed.empty()) {
+      stop->entries = closed.back();
+      closed.pop_back();
+    }
+  }
+}
+
+int StopIndex::countEntries(int level, [[maybe_unused]] int separator, int stop) const {
+  assert(separator == T_COMMA);
+  const int lowest = stop == T_RPAREN ? stops[next].lowestClose : stops[next].lowestSemicolon;
+  if (lowest > level) return 0;
+  const bool isBehindParen = next > 0 && typAt(stops[next - 1].node) == T_LPAREN;
+  if (stop == T_RPAREN && isBehindParen && stops[next - 1].level == level) {
+    return stops[next - 1].entries;
+  }
+  for (auto place = stops.begin() + static_cast<std::ptrdiff_t>(next);; ++place) {
+    if (place->level > level) continue;
+    if (typAt(place->node) == stop) return 1;
+    if (typAt(place->node) == T_COMMA) return severalEntries;
   }
 }
 
@@ -82,20 +112,6 @@ void StopIndex::clear() {
   longWalks = 0;
   setModeWidth = -1;
   setClassWidth = -1;
-}
-
-OldListRefItem* StopIndex::nextSemicolon() const { return stops[stops[next].semicolon].node; }
-
-bool StopIndex::hasListEnd(int level) const {
-  return stops[stops[next].end].node != nullptr || hasClose(level);
-}
-
-bool StopIndex::hasClose(int level) const {
-  std::size_t place = stops[next].close;
-  while (stops[place].node != nullptr && stops[place].level > level) {
-    place = stops[place].lowerClose;
-  }
-  return stops[place].node != nullptr;
 }
 
 bool StopIndex::wordsAreSet() {

@@ -10,6 +10,7 @@
 #ifndef QORN_SCANNER_STOPINDEX_H
 #define QORN_SCANNER_STOPINDEX_H
 
+#include <climits>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
@@ -28,13 +29,20 @@ class StopIndex {
   void pass(const OldListRefItem* node) {
     if (isBuilt() && stops[next].node == node) ++next;
   }
+  /** A place to come back to, where the cursor is only sent ahead. */
+  [[nodiscard]] std::size_t getPlace() const { return next; }
+  void goBackTo(std::size_t place) { next = place; }
 
   /** The next semicolon ahead, or null. */
-  [[nodiscard]] OldListRefItem* nextSemicolon() const;
+  [[nodiscard]] OldListRefItem* nextSemicolon() const { return stops[stops[next].semicolon].node; }
   /** Does `end`, or a closing parenthesis of at most that level, stand ahead? */
-  [[nodiscard]] bool hasListEnd(int level) const;
+  [[nodiscard]] bool hasListEnd(int level) const { return stops[next].hasEnd || hasClose(level); }
   /** Does a closing parenthesis of at most that level stand ahead? */
-  [[nodiscard]] bool hasClose(int level) const;
+  [[nodiscard]] bool hasClose(int level) const { return stops[next].lowestClose <= level; }
+  /** The entries up to the next `stop`, a semicolon or a closing parenthesis, each on at most that
+      level; no more than severalEntries are counted. 0 if it never comes. Requires: the separator
+      is T_COMMA. */
+  [[nodiscard]] int countEntries(int level, int separator, int stop) const;
   /** Are the widest mode word and the widest class word ahead still those of the last call? The
      first call after build says no. */
   [[nodiscard]] bool wordsAreSet();
@@ -42,15 +50,19 @@ class StopIndex {
  private:
   struct Stop {
     OldListRefItem* node;
-    int level;                // of parentheses
-    std::uint32_t semicolon;  // the first at or behind this stop, as are the next two
-    std::uint32_t end;
-    std::uint32_t close;
-    std::uint32_t lowerClose;  // the next closing parenthesis of a lower level
-    std::int16_t modeWidth;    // the widest at or behind this stop
-    std::int16_t classWidth;
+    int level = 0;  // of parentheses
+    // Of the stops from this one on:
+    std::uint32_t semicolon = 0;    // the first one
+    int lowestSemicolon = INT_MAX;  // level
+    int lowestClose = INT_MAX;      // level
+    bool hasEnd = false;
+    std::int16_t modeWidth = 0;  // the widest
+    std::int16_t classWidth = 0;
+    // Of an opening parenthesis: as countEntries behind it.
+    int entries = 0;
   };
   void linkStops();
+  void countListEntries();
 
   std::vector<Stop> stops;  // in the order of the list, closed by an entry without a node
   std::size_t next = 0;
@@ -58,6 +70,8 @@ class StopIndex {
   int setModeWidth = -1;
   int setClassWidth = -1;
 };
+
+constexpr int severalEntries = 2;  // more are never counted
 
 /** Columns that a mode word or a class word claims in a list, itself and one blank; 0 for others.
  */

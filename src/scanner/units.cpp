@@ -1,6 +1,7 @@
 // Design units and structures: library and use clauses, unit heads, components, blocks, processes,
 // `begin` and `end`. A head pushes one indent for its body, `begin` replaces it, `end` pops it, so
 // that a structure leaves the stack as it found it.
+#include "scanner/peek.h"
 #include "scanner/vhdlscanner.h"
 
 namespace {
@@ -58,13 +59,8 @@ void VhdlScanner::Component() {
 }
 
 int VhdlScanner::peekTokenTyp() {
-  int typ = 0;
-  {
-    const AnchorGuard guard(tokenList);
-    typ = getNextTokenTyp();
-  }
-  ruler.forget();
-  return typ;
+  const Peek peek(*this);
+  return getNextTokenTyp();
 }
 
 void VhdlScanner::Library() { nameClause(libraryContinuation); }

@@ -201,7 +201,8 @@ class VhdlScanner {
   void endHead();
   /** Reads one token for each code, up to the first that has another. True if all matched. */
   bool readHead(std::initializer_list<int> head);
-  /** The code of the next token, which is read and laid out but not consumed. */
+  /** While it lives, tokens are read and laid out but not consumed. */
+  class Peek;
   int peekTokenTyp();
   bool isInstantiated() const { return prevIs(T_COLON) == 1 || prevIs(T_USE) == 1; }
   void Entity();
@@ -260,7 +261,8 @@ class VhdlScanner {
   void alignAt(int width);
   /** No blank before the anchor's separator, a line end behind it. */
   void endEntry();
-  /** The number of entries up to the stop on that level, 0 if it never comes. The anchor stays. */
+  /** The number of entries up to the stop on that level, where two stand for any more; 0 if it
+      never comes. The anchor stays. */
   int CountListEntries(int level, int separator, int stop);
   /** Is it known that no `end` and no closing parenthesis of that level stand ahead? */
   bool isLeftOpen(int level) const;

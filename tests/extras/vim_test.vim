@@ -104,7 +104,9 @@ set encoding=utf-8 nomore
 scriptencoding utf-8
 execute 'set runtimepath^=' . fnameescape($QORN_VIM)
 filetype plugin on
+set cpoptions+=C  " as in an editor that is compatible with vi: lines do not go on
 runtime plugin/qorn.vim
+set cpoptions-=C
 try
   call s:Test()
 catch

@@ -65,4 +65,8 @@ ends 'NUL bytes are refused' 2 qorn-check nul.vhd
 ends 'a full disk is noticed' 2 sh -c 'qorn-settle <neat.vhd >/dev/full'
 equal 'a part keeps its indentation' '        a <= b;' "$(echo '        a<=b;' | qorn-settle -k)"
 
+# The scripts share a manual page.
+equal 'options in the manual' "$(sed -n 's/^\.It Fl \(.\).*/\1/p' "$here/../../docs/qorn-check.1" | sort)" \
+  "$(for script in check fix settle; do qorn-$script -h; done | { cat && git-qorn -h; } |
+    sed -n 's/^  -\(.\) .*/\1/p' | sort -u)"
 finish

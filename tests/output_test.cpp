@@ -55,6 +55,7 @@ TEST(OutputTest, TurnsBlanksIntoTabs) {
       {"five at 1", "4", "a     b", "a\t  b"},
       {"five from a stop", "4", "aaaa     b", "aaaa\t b"},
       {"no stop reached", "8", "a    b", "a    b"},
+      {"form feeds in a short run", "4", "a \f b", "a \f b"},
       {"four at 5", "8", "aaaaa    b", "aaaaa\t b"},
       {"counted from the line's start", "4", "a     b     c\n    d", "a\t  b\t\tc\n\td"},
       {"columns before tabs", "8", "a         b     c", "a\t  b\tc"},

@@ -164,18 +164,26 @@ std::string_view VhdlScanner::Tabify(int start, std::string_view text) {
 }
 
 std::string_view VhdlScanner::TabifyWhitespace(int start, std::string_view text) {
+  const int count = static_cast<int>(text.size());
+  if (!reachesTabStop(start, count)) return text;  // which may hold form feeds too
   tabifyBuffer.set(std::string_view());
-  appendTabified(start, static_cast<int>(text.size()));
+  appendTabified(start, count);
   return tabifyBuffer.view();
 }
 
+int VhdlScanner::tabDistance() const { return std::max(tabSize, 1); }
+
+bool VhdlScanner::reachesTabStop(int start, int count) const {
+  return count >= shortestTabRun && count >= tabDistance() - start % tabDistance();
+}
+
 void VhdlScanner::appendTabified(int start, int count) {
-  const int distance = std::max(tabSize, 1);
-  const int toFirstStop = distance - start % distance;
-  if (count < shortestTabRun || count < toFirstStop) {
+  if (!reachesTabStop(start, count)) {
     tabifyBuffer.catRepeated(count, ' ');
     return;
   }
+  const int distance = tabDistance();
+  const int toFirstStop = distance - start % distance;
   const int rest = addColumns(start, count) % distance;
   tabifyBuffer.catRepeated((count - toFirstStop - rest) / distance + 1, '\t');
   tabifyBuffer.catRepeated(rest, ' ');

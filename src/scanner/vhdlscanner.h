@@ -89,6 +89,9 @@ class VhdlScanner {
   std::string_view Tabify(int start, std::string_view text);
   std::string_view TabifyWhitespace(int start, std::string_view text);
   void appendTabified(int start, int count);
+  int tabDistance() const;
+  /** Is a run of that many blanks from `start` on one that becomes tabs? */
+  bool reachesTabStop(int start, int count) const;
   void reserveTabifyBuffer();
 
   // --- Look-around (lookaround.cpp): questions about the anchor's neighbours; the anchor stays ---

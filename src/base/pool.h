@@ -15,6 +15,12 @@
 #endif
 #endif
 
+/** Slabs double in size up to a limit, so that neither small nor large inputs pay for the other. */
+[[nodiscard]] std::size_t nextSlabSize(std::size_t size);
+/** An uninitialised slab of that many bytes; a large one in pages of the largest kind, where the
+    system has them. */
+[[nodiscard]] char* newSlab(std::size_t size);
+
 template <std::size_t Size>
 class Pool {
  public:
@@ -45,8 +51,6 @@ class Pool {
   };
   static_assert(Size >= sizeof(Block) && Size % alignof(Block) == 0);
 
-  static constexpr std::size_t blocksPerSlab = 65536 / Size;
-
   static void* takeUsed() {
     if (freeBlocks == nullptr) return takeFromNewSlab();
     Block* block = freeBlocks;
@@ -55,12 +59,14 @@ class Pool {
   }
 
   static void* takeFromNewSlab() {
-    char* slab = static_cast<char*>(::operator new(blocksPerSlab* Size));
+    slabSize = nextSlabSize(slabSize);
+    char* slab = newSlab(slabSize);
     fresh = slab + Size;
-    freshEnd = slab + blocksPerSlab * Size;
+    freshEnd = slab + slabSize / Size * Size;
     return slab;
   }
 
+  static inline std::size_t slabSize = 0;  // bytes of the newest
   static inline char* fresh = nullptr;
   static inline char* freshEnd = nullptr;
   static inline Block* freeBlocks = nullptr;

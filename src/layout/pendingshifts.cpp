@@ -1,41 +1,74 @@
-// The sums that spare most indents the way through the list.
+// The runs of shifts, and the blocks that bound them.
 #include "layout/pendingshifts.h"
 
 #include <algorithm>
-#include <climits>
 
 #include "base/columns.h"
 
 void PendingShifts::add(int limit, int shift) {
   if (shift == 0) return;
-  while (!minima.empty() && shifts[minima.back()].limit >= limit) minima.pop_back();
-  minima.push_back(shifts.size());
-  const long long reach = limit + total;
-  const long long highest = shifts.empty() ? reach : std::max(shifts.back().highest, reach);
-  shifts.push_back({limit, shift, total, highest});
-  total += shift;
+  if (isEmpty()) totals.push_back(0);
+  const Block block{limit, limit + totals.back()};
+  std::size_t place = size();
+  totals.push_back(totals.back() + shift);
+  for (std::size_t level = 0;; ++level, place /= 2) {
+    if (level == levels.size()) levels.emplace_back();
+    levelCount = std::max(levelCount, level + 1);
+    auto& blocks = levels[level];
+    if (place == blocks.size()) {
+      const bool isFirst = level > 0 && place == 0;
+      blocks.push_back(isFirst ? levels[level - 1].front() : block);
+    }
+    blocks[place].smallest = std::min(blocks[place].smallest, block.smallest);
+    blocks[place].highest = std::max(blocks[place].highest, block.highest);
+    if (blocks.size() == 1) return;
+  }
 }
 
-int PendingShifts::smallestLimitFrom(std::size_t place) const {
-  const auto found = std::ranges::lower_bound(minima, place);
-  return found == minima.end() ? INT_MAX : shifts[*found].limit;
+template <typename Holds>
+std::size_t PendingShifts::findBlock(std::size_t from, Holds holds) const {
+  std::size_t level = 0;
+  std::size_t place = from;
+  while (place < levels[level].size()) {
+    if (holds(levels[level][place])) {
+      if (level == 0) return place;
+      --level;
+      place *= 2;
+      continue;
+    }
+    ++place;
+    while (place % 2 == 0 && level + 1 < levelCount) {
+      ++level;
+      place /= 2;
+    }
+  }
+  return size();
+}
+
+std::size_t PendingShifts::startOfRun(std::size_t from, long long indent) const {
+  return findBlock(from, [indent](const Block& block) { return block.smallest < indent; });
+}
+
+std::size_t PendingShifts::endOfRun(std::size_t from, long long indent) const {
+  const long long reach = indent + totals[from];
+  return findBlock(from, [reach](const Block& block) { return block.highest >= reach; });
 }
 
 int PendingShifts::apply(int indent) const {
-  if (shifts.empty() || indent <= smallestLimitFrom(0)) return indent;
-  if (indent > shifts.back().highest) return heldInRange(indent - total);
-  const auto first = std::ranges::lower_bound(shifts, indent, {}, &Shift::highest);
-  int shifted = heldInRange(indent - first->before);  // the first limit that is not exceeded
-  auto place = static_cast<std::size_t>(first - shifts.begin()) + 1;
-  for (; place < shifts.size() && shifted > smallestLimitFrom(place); ++place) {
-    if (shifted > shifts[place].limit) shifted = addColumns(shifted, -shifts[place].shift);
+  if (isEmpty()) return indent;
+  long long shifted = indent;
+  std::size_t place = startOfRun(0, shifted);
+  while (place < size()) {
+    const std::size_t end = endOfRun(place, shifted);
+    shifted = heldInRange(shifted - (totals[end] - totals[place]));
+    place = startOfRun(end, shifted);
   }
-  return shifted;
+  return static_cast<int>(shifted);
 }
 
 void PendingShifts::clear() {
-  if (shifts.empty()) return;
-  shifts.clear();
-  minima.clear();
-  total = 0;
+  if (isEmpty()) return;
+  totals.clear();  // the room stays for the next line
+  for (std::size_t level = 0; level < levelCount; ++level) levels[level].clear();
+  levelCount = 0;
 }

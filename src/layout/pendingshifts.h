@@ -2,9 +2,9 @@
 //
 // Each break of a line moves the indents further on in it that lie beyond a limit. A line may hold
 // millions of tokens and thousands of breaks, so the shifts are not made when they arise: they wait
-// here, in order, until a token is reached. Sums kept along the list settle most indents at once:
-// one that stays above every limit on its way takes the whole sum, one at or below the smallest
-// limit nothing; of any other a search finds the first limit that it does not exceed.
+// here, in order, until a token is reached. On its way an indent takes a run of shifts, leaves out
+// a run of those whose limits it does not exceed, and so on. Where a run ends is found by bounds of
+// blocks of shifts, whatever its length.
 #ifndef QORN_LAYOUT_PENDINGSHIFTS_H
 #define QORN_LAYOUT_PENDINGSHIFTS_H
 
@@ -17,21 +17,26 @@ class PendingShifts {
   void add(int limit, int shift);
   /** The indent after all shifts so far. */
   [[nodiscard]] int apply(int indent) const;
-  [[nodiscard]] bool isEmpty() const { return shifts.empty(); }
+  [[nodiscard]] bool isEmpty() const { return totals.empty(); }
   void clear();
 
  private:
-  struct Shift {
-    int limit;
-    int shift;
-    long long before;   // sum of the shifts before this one
-    long long highest;  // an indent above it takes every shift up to this one
+  struct Block {
+    long long smallest;  // of its limits: an indent up to it takes none of the shifts
+    long long highest;   // of its limits, each with the total before: see endOfRun
   };
-  int smallestLimitFrom(std::size_t place) const;
+  std::size_t size() const { return totals.size() - 1; }
+  /** The first place at or behind `from` whose limit is below the indent, else size(). */
+  std::size_t startOfRun(std::size_t from, long long indent) const;
+  /** The first place at or behind `from` where an indent that has taken every shift since `from`
+      does not exceed the limit, else size(). */
+  std::size_t endOfRun(std::size_t from, long long indent) const;
+  template <typename Holds>
+  std::size_t findBlock(std::size_t from, Holds holds) const;
 
-  std::vector<Shift> shifts;        // oldest first
-  std::vector<std::size_t> minima;  // places whose limit is below all later ones, ascending
-  long long total = 0;              // sum of all shifts
+  std::vector<long long> totals;           // before each shift, and behind the last
+  std::vector<std::vector<Block>> levels;  // blocks of 1, 2, 4, ... shifts; the last may be short
+  std::size_t levelCount = 0;              // in use
 };
 
 #endif

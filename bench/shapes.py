@@ -165,6 +165,7 @@ def depths():
     flat = "INDENTATION 0\n"
     yield shape("nested if, indentation 0", 100000, nested("", "if a then\n", "b := c;\n", "end if;\n", ""), flat)
     yield shape("nested if left open, indentation 0", 100000, nested("", "if a then\n", "b := c;\n", "", ""), flat)
+    yield shape("nested array types, indentation 0", 100000, nested("type t is ", "array (", "a", ")", " of b;\n"), flat)
     yield shape("surplus end", 100000, nested("", "end;\n", "", "", ""))
     yield shape("surplus end if", 100000, nested("", "end if;\n", "", "", ""))
 
@@ -220,7 +221,7 @@ HOSTILE = (
     ("signal a : b\n", ""), ("signal a : b ", ""), ("signal ", ""), ("signal a is ", ""), ("alias a : b is c\n", ""),
     ("attribute a of ", ""), ("group a is (", ""), ("group a : b (", ""), ("attribute a : b;\n", ""),
     ("use ", ""), ("use ", "STYLE B"), ("use a, ", "STYLE B"), ("library ", "STYLE B"), ("library a, ", "STYLE B"),
-    ("use use use;\n", "STYLE B"),
+    ("use use use;\n", "STYLE B"), ("library a ", "STYLE B"),
     ("x(", ""), ("x(a, ", ""), ("x(x(x(a)))) ", ""), ("(", ""), (")", ""), ("( ( ( ", ""), (") ) ) ", ""), ("a ) ", ""),
     ("(a, b) ", ""), ("f (a) ", ""), ("[ ] ", ""), (", , , ", ""), ("; ; ; ", ""), (": : : ", ""), ("a : a : ", ""),
     ("a : postponed ", ""), ("postponed ", ""), ("postponed assert ", ""), ("=> ", ""), ("a => ", ""), (". ", ""), ("a . ", ""),

@@ -11,16 +11,32 @@
 
 namespace {
 
-constexpr int sharedBlankMax = 256;
+constexpr std::size_t firstSharedBlanks = 256;
+constexpr std::size_t mostSharedBlanks = std::size_t{16} << 20;
 constexpr int offsetMax = 0xFFFFFF;
 constexpr std::size_t headerSize = sizeof(std::size_t);
 
-constexpr auto sharedBlanks = [] {
-  std::array<char, sharedBlankMax + 1> blanks{};
+constexpr auto fewBlanks = [] {
+  std::array<char, firstSharedBlanks + 1> blanks{};
   blanks.fill(' ');
   blanks.back() = '\0';
   return blanks;
 }();
+
+/** That many blanks, closed by a zero. They live as long as the process, and so do those that have
+    become too few: strings point into them. */
+const char* sharedBlanks(std::size_t count) {
+  static const char* end = &fewBlanks.back();
+  static std::size_t room = firstSharedBlanks;
+  if (count > room) {
+    room = 2 * count;
+    char* blanks = static_cast<char*>(::operator new(room + 1));
+    std::memset(blanks, ' ', room);
+    blanks[room] = '\0';
+    end = blanks + room;
+  }
+  return end - count;
+}
 
 std::size_t capacityOf(const char* block) {
   std::size_t capacity = 0;
@@ -66,12 +82,13 @@ void DynString::setLong(std::string_view text) {
 void DynString::setLongBlanks(int count) {
   release();
   becomeUnset();
-  if (count <= shortMax || count > sharedBlankMax) {
+  const auto wanted = static_cast<std::size_t>(std::max(count, 0));
+  if (wanted <= shortMax || wanted > mostSharedBlanks) {
     catRepeated(count, ' ');
     return;
   }
-  store.heap.text = const_cast<char*>(sharedBlanks.data()) + sharedBlankMax - count;
-  store.heap.length = static_cast<std::uint32_t>(count);
+  store.heap.text = const_cast<char*>(sharedBlanks(wanted));
+  store.heap.length = static_cast<std::uint32_t>(wanted);
   setTag(sharedTag);
 }
 

@@ -2,7 +2,7 @@
 // reads as the empty text, so no caller ever tests for null.
 //
 // Sixteen bytes, since every token bears two: texts of up to 15 characters stand in the object
-// itself, blanks up to a limit in a constant that all strings share, all else on the heap with room
+// itself, blanks in a block that all strings share, all else on the heap with room
 // to grow.
 #ifndef QORN_BASE_DYNSTRING_H
 #define QORN_BASE_DYNSTRING_H

@@ -1,17 +1,19 @@
 // Trust in a program that rewrites files in place: whatever goes wrong, and whenever the run is
 // ended, the old text is whole under the file's name or its backup's.
 #include <gtest/gtest.h>
-#include <signal.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <chrono>
+#include <csignal>
+#include <cstdio>
 #include <cstdlib>
 #include <random>
 #include <string>
 #include <thread>
 #include <vector>
 
+#include "base/exitstatus.h"
 #include "programrun.h"
 #include "tempfolder.h"
 
@@ -245,6 +247,18 @@ TEST(TrustTest, KeepsEveryFileWhenASignalEndsTheRun) {
     SCOPED_TRACE(std::to_string(delay.count()) + " us");
     expectWholeFiles(folder, files, round % 2 == 0 ? SIGINT : SIGTERM, delay);
   }
+}
+
+// exit() holds a lock for a moment, where a second exit() from a signal handler would wait for
+// ever.
+TEST(TrustTest, GoesAtOnceWhenASignalMeetsTheEnd) {
+  const auto runThatIsInterruptedWhileItEnds = [] {
+    std::atexit([] { std::fputs("entered exit twice", stderr); });
+    std::atexit([] { std::raise(SIGTERM); });
+    std::signal(SIGTERM, [](int) { endRun(STATUS_INTERRUPTED); });
+    endRun(STATUS_OK);
+  };
+  EXPECT_EXIT(runThatIsInterruptedWhileItEnds(), testing::ExitedWithCode(STATUS_INTERRUPTED), "^$");
 }
 
 }  // namespace

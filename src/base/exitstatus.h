@@ -9,4 +9,8 @@ enum ExitStatus : int {
   STATUS_INTERRUPTED = 255,  // a signal
 };
 
+/** Ends the run with this status; open streams are flushed. A signal handler may call it at any
+    moment, also while the run is already ending: then the process goes at once, unflushed. */
+[[noreturn]] void endRun(ExitStatus status);
+
 #endif

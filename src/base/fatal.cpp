@@ -2,7 +2,6 @@
 #include "base/fatal.h"
 
 #include <cstdio>
-#include <cstdlib>
 
 #include "base/exitstatus.h"
 
@@ -14,7 +13,7 @@ void fatalError(const char* message, const char* reason) {
     std::fputs(reason, stderr);
   }
   std::fputs("\n", stderr);
-  std::exit(STATUS_FATAL);
+  endRun(STATUS_FATAL);
 }
 
 void outOfMemory() { fatalError("not enough memory"); }

@@ -3,7 +3,6 @@
 // error.
 #include <csignal>
 #include <cstdio>
-#include <cstdlib>
 #include <new>
 
 #include "base/exitstatus.h"
@@ -32,7 +31,7 @@ void version(FILE* stream) { std::fputs("qorn version: 2.5\n", stream); }
 
 void useHelp() { std::fputs("use qorn -h for help\n", stderr); }
 
-extern "C" void interrupted(int) { std::exit(STATUS_INTERRUPTED); }
+extern "C" void interrupted(int) { endRun(STATUS_INTERRUPTED); }
 
 /** -1 if -t is given without a number above 0, which is then told. */
 int checkTabsize(const char* value) {
@@ -73,13 +72,8 @@ ExitStatus formatFiles(ArgScan& options, VhdlScanner& scanner) {
   return STATUS_OK;
 }
 
-}  // namespace
-
-int main(int argc, char** argv) {
-  std::set_new_handler(outOfMemory);
-  static VhdlScanner& scanner = *new VhdlScanner;  // goes with the process, sooner than by a walk
-  std::signal(SIGINT, interrupted);
-  std::signal(SIGTERM, interrupted);
+/** Does what the command line asks for, and tells how the run is to end. */
+ExitStatus run(int argc, char** argv, VhdlScanner& scanner) {
   ArgScan options;
   options.setOptionalFlags("hvik");
   options.setOptionalSwitch('c', "");
@@ -102,4 +96,14 @@ int main(int argc, char** argv) {
   }
   if (options.getFirstArgument() == nullptr) return formatStandardInput(scanner);
   return formatFiles(options, scanner);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  std::set_new_handler(outOfMemory);
+  static VhdlScanner& scanner = *new VhdlScanner;  // goes with the process, sooner than by a walk
+  std::signal(SIGINT, interrupted);
+  std::signal(SIGTERM, interrupted);
+  endRun(run(argc, argv, scanner));
 }

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
 #include <climits>
 #include <new>
@@ -23,19 +24,19 @@ constexpr auto fewBlanks = [] {
   return blanks;
 }();
 
-/** That many blanks, closed by a zero. They live as long as the process, and so do those that have
-    become too few: strings point into them. */
+/** That many blanks, `mostSharedBlanks` at the most, closed by a zero. They stay for ever. */
 const char* sharedBlanks(std::size_t count) {
-  static const char* end = &fewBlanks.back();
-  static std::size_t room = firstSharedBlanks;
-  if (count > room) {
-    room = 2 * count;
+  static std::array<const char*, std::bit_width(mostSharedBlanks / firstSharedBlanks)> ends{
+      &fewBlanks.back()};  // each of a block twice as long as the one before
+  const std::size_t doublings = std::bit_width((count - 1) / firstSharedBlanks);
+  if (ends[doublings] == nullptr) {
+    const std::size_t room = firstSharedBlanks << doublings;
     char* blanks = static_cast<char*>(::operator new(room + 1));
     std::memset(blanks, ' ', room);
     blanks[room] = '\0';
-    end = blanks + room;
+    ends[doublings] = blanks + room;
   }
-  return end - count;
+  return ends[doublings] - count;
 }
 
 std::size_t capacityOf(const char* block) {

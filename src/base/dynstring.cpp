@@ -69,8 +69,9 @@ void DynString::setLong(std::string_view text) {
     becomeHeap(blockStart(), 0, text.size());
     return;
   }
-  if (text.size() <= shortMax) {  // the shared blanks go
+  if (text.size() <= shortMax) {  // which may be a part of the text that goes
     const DynString copy(text);
+    release();
     store = copy.store;
     return;
   }
@@ -117,7 +118,7 @@ void DynString::catRepeated(int count, char character) {
 }
 
 char* DynString::edit() {
-  if (isInline()) return store.chars;
+  if (isShort()) return store.chars;
   if (!isHeap()) setLong(DynString(view()).view());  // the shared blanks are nobody's to change
   return store.heap.text;
 }
@@ -180,7 +181,7 @@ void DynString::becomeHeap(char* text, int offset, std::size_t textLength) {
 char* DynString::makeRoom(std::size_t added) {
   const std::string_view old = view();
   const std::size_t wanted = old.size() + added;
-  if (wanted <= shortMax && isInline()) {
+  if (wanted <= shortMax && isShort()) {
     setInlineLength(wanted);
     return store.chars + old.size();
   }

@@ -2,8 +2,7 @@
 // reads as the empty text, so no caller ever tests for null.
 //
 // Sixteen bytes, since every token bears two: texts of up to 15 characters stand in the object
-// itself, blanks in a block that all strings share, all else on the heap with room
-// to grow.
+// itself, blanks in a block that all strings share, all else on the heap with room to grow.
 #ifndef QORN_BASE_DYNSTRING_H
 #define QORN_BASE_DYNSTRING_H
 
@@ -39,7 +38,7 @@ class DynString {
   DynString(const DynString& other) : DynString() { *this = other; }
   DynString(DynString&& other) noexcept : store(other.store) { other.becomeUnset(); }
   DynString& operator=(const DynString& other) {
-    if (isInline() && other.isInline()) {
+    if (isShort() && other.isShort()) {
       store = other.store;
     } else if (this != &other) {
       setLong(other.view());
@@ -50,20 +49,20 @@ class DynString {
   ~DynString() { release(); }
 
   /** The text, closed by a zero; never null. It lives until the string changes. */
-  const char* get() const { return isInline() ? store.chars : store.heap.text; }
+  const char* get() const { return isShort() ? store.chars : store.heap.text; }
   std::string_view view() const { return {get(), static_cast<std::size_t>(length())}; }
   /** In bytes; 0 if unset. */
-  int length() const { return isInline() ? shortMax - tag() : static_cast<int>(store.heap.length); }
+  int length() const { return isShort() ? shortMax - tag() : static_cast<int>(store.heap.length); }
 
   /** Does the text stand in the object itself? */
-  bool isShort() const { return isInline(); }
+  bool isShort() const { return tag() <= shortMax; }
   /** Copies a short text and what stands behind it: shortMax + 1 bytes, whatever its length. */
   void copyBlock(char* target) const { std::memcpy(target, store.chars, sizeof(store.chars)); }
 
   /** Takes a copy, which may come from this string itself. Null or empty leaves it unset. */
   void set(const char* text) { set(text == nullptr ? std::string_view() : std::string_view(text)); }
   void set(std::string_view text) {
-    if (text.size() > shortMax || !isInline()) [[unlikely]] {
+    if (text.size() > shortMax || !isShort()) [[unlikely]] {
       setLong(text);
     } else {
       copyShort(store.chars, text.data(), text.size());
@@ -72,7 +71,7 @@ class DynString {
   }
   /** The text becomes that many blanks; unset for 0 or less. */
   void setBlanks(int count) {
-    if (count > shortMax || !isInline()) [[unlikely]] {
+    if (count > shortMax || !isShort()) [[unlikely]] {
       setLongBlanks(count);
     } else {
       std::memset(store.chars, ' ', sizeof(store.chars));
@@ -91,13 +90,13 @@ class DynString {
   /** Appends a character other than 0 that many times; none for a count of 0 or less. */
   void catRepeated(int count, char character);
 
-  /** Replaces every character. From first to last. Requires: `convert` leaves
-      control characters as they are. */
+  /** Replaces every character, from first to last. Requires: `convert` leaves control characters
+     as they are. */
   template <typename Convert>
   void transform(Convert convert) {
-    if (isInline()) {
-      for (char& character : store.chars)
-        character = convert(character);  // the tag is below a blank
+    if (isShort()) {
+      // The tag goes along: it is a control character.
+      for (char& character : store.chars) character = convert(character);
     } else {
       char* text = edit();
       for (int i = 0; i < length(); ++i) text[i] = convert(text[i]);
@@ -136,7 +135,6 @@ class DynString {
     return value;
   }
   void setTag(std::uint8_t value) { store.chars[shortMax] = static_cast<char>(value); }
-  bool isInline() const { return tag() <= shortMax; }
   bool isHeap() const { return tag() == heapTag; }
   void becomeUnset() {
     store = Store{};

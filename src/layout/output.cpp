@@ -34,7 +34,7 @@ class Printing {
 
  private:
   void setStyles() {
-    for (int typ = firstTokenCode; typ < firstTokenCode + tokenCodeCount; ++typ) {
+    for (int typ = 0; typ < tokenCodeCount; ++typ) {
       styles[typ] = formatting == 1 ? VhdlToken::caseStyleOf(typ) : static_cast<int>(C_ASIS);
     }
   }
@@ -105,7 +105,7 @@ void VhdlScanner::Print(FILE* stream) {
     const VhdlToken& token = tokenAt(node);
     const int typ = token.getTyp();
     if (isPragma(typ)) printing.obey(typ);
-    if (tabify == 0) {
+    if (tabify == 0) {  // only tabs need the column
       output.write(token, printing);
       continue;
     }
@@ -192,6 +192,8 @@ void VhdlScanner::appendTabified(int start, int count) {
 void VhdlScanner::reserveTabifyBuffer() {
   int longest = 0;
   tokenList.getFirst();
-  while (const VhdlToken* token = stepForward()) longest = std::max(longest, token->textLength(1));
+  while (const VhdlToken* token = stepForward()) {  // a shielded stretch prints the source text
+    longest = std::max({longest, token->textLength(0), token->textLength(1)});
+  }
   tabifyBuffer.reserve(longest);
 }

@@ -24,19 +24,17 @@ enum ConfigCode : int {
 enum CaseGroup : int { CASE_ASIS, CASE_KEYWORD, CASE_IDENTIFIER, CASE_ATTRIBUTE, CASE_NUMBER };
 constexpr int caseGroupCount = CASE_NUMBER + 1;
 
-constexpr int firstTokenCode = T_ABS;
-constexpr int tokenCodeCount = T_INDENT_OFF - T_ABS + 1;
+constexpr int tokenCodeCount = T_INDENT_OFF + 1;  // free codes included
+static_assert(T_INDENT_OFF - T_FORMAT_ON == 3, "the pragmas are neighbours, and no code is larger");
 
-/** A table with one entry for each token code, free codes included; `fill` where none is set. */
+/** A table with one entry for each token code; `fill` where none is set. */
 template <typename T>
 struct TokenTable {
   std::array<T, tokenCodeCount> entries;
 
   constexpr explicit TokenTable(T fill) : entries() { entries.fill(fill); }
-  constexpr T& operator[](int typ) { return entries[static_cast<unsigned>(typ - firstTokenCode)]; }
-  constexpr const T& operator[](int typ) const {
-    return entries[static_cast<unsigned>(typ - firstTokenCode)];
-  }
+  constexpr T& operator[](int typ) { return entries[static_cast<unsigned>(typ)]; }
+  constexpr const T& operator[](int typ) const { return entries[static_cast<unsigned>(typ)]; }
 };
 
 /** The reserved word's code, in whatever case it is written, or -1. */

@@ -1,6 +1,8 @@
 // Texts and letter case of a token. Only the ASCII letters ever change case.
 #include "tokens/vhdltoken.h"
 
+#include <algorithm>
+#include <climits>
 #include <new>
 
 namespace {
@@ -28,12 +30,12 @@ int VhdlToken::caseStyles[] = {C_ASIS, C_UPPERCASE, C_LOWERCASE, C_UPPERCASE, C_
 // Never destroyed: a signal may end the run at any moment, and then nothing is to be freed.
 DynString& VhdlToken::caseBuffer = *::new (bufferRoom[0]) DynString;
 DynString& VhdlToken::wideCaseBuffer = *::new (bufferRoom[1]) DynString;
-std::size_t VhdlToken::longestSource = 64;
+std::size_t VhdlToken::longestSource = DynString::shortMax;
 
 // Before the output is opened, so that running out of memory costs no file.
 void VhdlToken::provideFor(std::size_t length) {
-  if (length <= longestSource) return;
-  longestSource = 2 * length;
+  if (length <= longestSource || caseGroup(typ) == CASE_ASIS) return;
+  longestSource = std::min<std::size_t>(2 * length, INT_MAX - 1);
   wideCaseBuffer.reserve(static_cast<int>(longestSource));
 }
 

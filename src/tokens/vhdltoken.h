@@ -21,6 +21,7 @@ class VhdlToken : public OldListItem {
     if (source.size() > DynString::shortMax) [[unlikely]]
       provideFor(source.size());
   }
+  /** The same of a text that can be copied in one block. */
   VhdlToken(int code, int line, int level, RoomyText source)
       : typ(static_cast<std::int16_t>(code)), parenLevel(level), lineNo(line), text(source) {
     if (source.text.size() > DynString::shortMax) [[unlikely]]
@@ -108,11 +109,11 @@ class VhdlToken : public OldListItem {
       `target`. 0: no place to break; below 0: nor is the token before it. */
   int getWrapGravity(int target) const;
 
-  // --- Comments (layout/commenttext.cpp): nothing happens to other tokens. The token's indent
-  // counts
-  // --- as the comment's column; `width` is the count of columns of a line; `chars` are the
-  // characters
-  // --- that frame a block comment when the last two of a comment are the same.
+  // --- Comments (layout/commenttext.cpp) ---
+  //
+  // Nothing happens to other tokens. The token's indent counts as the comment's column; `width` is
+  // the count of columns of a line; `chars` are the characters that frame a block comment when the
+  // last two of a comment are the same.
 
   /** Draws a comment that ends in a pair of frame characters out to the last column, or tidies the
       pair away; `frame` is 1 where the pair is to stand at the margin behind blanks too. */
@@ -131,8 +132,9 @@ class VhdlToken : public OldListItem {
   static int caseStyles[caseGroupCount];
   static DynString& caseBuffer;
   static DynString& wideCaseBuffer;  // the same for long texts
-  static std::size_t longestSource;  // of all tokens so far; the wide buffer has room for it
-  static void provideFor(std::size_t length);
+  static std::size_t longestSource;  // the wide buffer has room for that many characters
+  /** Makes room for the case conversion of a source text of that length. */
+  void provideFor(std::size_t length);
   static DynString& bufferFor(const DynString& source);
 
   std::int16_t typ;

@@ -7,7 +7,6 @@ template <typename T>
 struct ListRefItem {
   T* item = nullptr;
   ListRefItem* next = nullptr;
-  ListRefItem* prev = nullptr;
 };
 
 template <typename T>
@@ -28,7 +27,7 @@ class List {
 
   /** Appends an item from the heap and owns it. The anchor stays. */
   void addItemLast(T* item) {
-    auto* node = new ListRefItem<T>{item, nullptr, last};
+    auto* node = new ListRefItem<T>{item};
     (last == nullptr ? first : last->next) = node;
     last = node;
   }

@@ -23,8 +23,7 @@ std::string workingDirectory() {
 }
 
 /** Takes out `count` characters at each place where `pattern` stands, until it stands nowhere. What
-    is left begins with the "/" that closed the pattern, so no place in front of it can match anew.
- */
+    is left begins with the "/" that closed the pattern, so no place before it can match anew. */
 void takeOut(std::string& text, const char* pattern, std::size_t count) {
   std::size_t place = 0;
   while ((place = text.find(pattern, place)) != std::string::npos) text.erase(place, count);

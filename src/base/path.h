@@ -12,9 +12,8 @@ class Path : public DynString {
   /** Puts the working directory in front of a relative path. Where that can't be determined, the
      path stays as it is and a line on standard error says so. */
   void addcwd();
-  /** Takes out empty and "." steps, steps that ".." undoes, an automounter's "/tmp_mnt" and a
-     closing
-      "/". A path with more ".." than it has levels stays whole. */
+  /** Takes out empty and "." steps, steps that ".." undoes, an automounter's "/tmp_mnt" and the "/"
+     at the end. A path with more ".." than it has levels stays whole. */
   void cleanup();
   /** 0 if the user may execute the file, else -1 with the reason in getError. */
   [[nodiscard]] int executable();

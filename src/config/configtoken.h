@@ -30,7 +30,7 @@ class QornConfigToken : public OldListItem {
   // --- Transfer to a setting, which stays as it is if the key has no value ---
 
   void setCaseType(int* target) const;
-  void setListFormat(int* target) const;
+  void setListFormat(int* target) const;  // the same under the name of another kind of setting
   void setIntegerVariable(int* target) const;
   /** 1 for C_TRUE, 0 for all else. */
   void setTrueFalse(int* target) const;

@@ -67,7 +67,7 @@ ExitStatus formatFiles(ArgScan& options, VhdlScanner& scanner) {
     if (scanner.setInputFile(file) != 0 || scanner.format() != 0) return STATUS_FAILED;
     scanner.Print(nullptr);
     file = options.getNextArgument();
-    if (file != nullptr) scanner.Reset();
+    if (file != nullptr) scanner.Reset();  // the last list goes with the process
   }
   return STATUS_OK;
 }

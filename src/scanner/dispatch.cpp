@@ -1,6 +1,5 @@
 // The formatting pass. It keeps no grammar beyond the indent stack and a few flags: of the tokens
 // that no handler has consumed, those that open a construct are dispatched to their handler.
-#include <array>
 
 #include "base/columns.h"
 #include "scanner/vhdlscanner.h"

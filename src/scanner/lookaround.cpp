@@ -1,5 +1,5 @@
 // Look-around: what stands beside the anchor. Each walk stops at the first token that decides. The
-// short ones go from node to node, which spares every token the way of the anchor over its stack.
+// short ones go from node to node, which saves moving the anchor and bringing it back.
 #include "scanner/vhdlscanner.h"
 
 int VhdlScanner::getParenLevel() const {

@@ -73,8 +73,7 @@ class StopIndex {
 
 constexpr int severalEntries = 2;  // more are never counted
 
-/** Columns that a mode word or a class word claims in a list, itself and one blank; 0 for others.
- */
+/** Columns that a mode or class word claims in a list, itself and one blank; 0 for others. */
 [[nodiscard]] int modeWidth(int typ);
 [[nodiscard]] int classWidth(int typ);
 

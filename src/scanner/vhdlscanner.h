@@ -78,13 +78,13 @@ class VhdlScanner {
 
   // --- Output (layout/output.cpp) ---
 
-  /** Makes the backup and opens the file for writing; null on a failure, which has then been told.
-   */
+  /** Makes the backup and opens the file for writing; null on a failure, which is then told. */
   FILE* OpenOutfile();
   /** Closes outFile, but for the standard output, and tells of a write or a close that failed. */
   void CloseOutfile(int writeError);
-  /** The comment's or the blanks' text with blanks turned into tabs, where it starts at `start`.
-     The result is the text itself or stands in `tabifyBuffer` until the next call of either. */
+  /** The text of a token that starts in column `start`, with blanks turned into tabs as its code
+     allows. Like that of the two below, which do it to a comment and to blanks, the result is the
+     text itself or stands in `tabifyBuffer` until the next call. Requires: `tabify` is on. */
   std::string_view tabified(int typ, int start, std::string_view text);
   std::string_view Tabify(int start, std::string_view text);
   std::string_view TabifyWhitespace(int start, std::string_view text);
@@ -304,8 +304,7 @@ class VhdlScanner {
   void SelectedSignalAssignment();
   void readWaveform(int level);
   void startElement(int level);
-  /** Width of what stands before the anchor in its statement or on its line; 0 from identLength on.
-   */
+  /** Width of what stands before the anchor in its statement or line; 0 from identLength on. */
   int prevTargetLength();
   /** The longest target of the run of statements that starts with the anchor's. */
   int determineTargetLength(int typ, int orTyp);

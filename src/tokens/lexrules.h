@@ -56,8 +56,7 @@ constexpr auto charClasses = [] {
 [[nodiscard]] std::size_t matchAttribute(const char* at);
 /** `'`, one character, `'`. */
 [[nodiscard]] bool isCharacterLiteral(const char* at);
-/** `'(` and a character literal: a qualified expression rather than the literal of a parenthesis.
- */
+/** `'(` and a character literal: a qualified expression, not the literal of a parenthesis. */
 [[nodiscard]] bool isTickBeforeLiteral(const char* at);
 /** From the two hyphens up to the line feed or carriage return, neither included. */
 [[nodiscard]] std::size_t matchComment(const char* at);

@@ -20,10 +20,6 @@ DynString& YYbuf = *::new (bufferRoom) DynString;
 void YYsetInTabSize(int size) { lexTabSize = std::max(size, 1); }
 
 std::string_view ReplaceTabs(std::string_view text) {
-  if (text.size() == 1 && text[0] == ' ') {  // most of what comes here
-    ++lexColumn;
-    return text;
-  }
   std::size_t tab = text.find('\t');
   if (tab == std::string_view::npos) {
     lexColumn += static_cast<long>(text.size());

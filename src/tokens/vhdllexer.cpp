@@ -2,7 +2,6 @@
 // equal ones the more special. A NUL byte ends the stored text of its token.
 #include "tokens/vhdllexer.h"
 
-#include <algorithm>
 #include <array>
 
 #include "base/sourcetext.h"
@@ -54,8 +53,11 @@ constexpr auto punctuations = [] {
 
 struct Match {
   int typ;
-  std::size_t length;  // 0: the token, if there is one, has been added
+  std::size_t length;
 };
+
+/** What there was has been added or passed over. */
+constexpr Match nothingLeft{T_UNKNOWN, 0};
 
 /** Cuts one source into tokens. The line feed behind the end of the source lets no rule pass. */
 class Lexer {
@@ -90,7 +92,7 @@ class Lexer {
     return text;
   }
   void add(Match match);
-  /** Adds a token of another text; no match is left. */
+  /** Adds a token of another text; nothing is left. */
   Match addText(int typ, std::string_view text);
   /** Adds a token in whose text tabs have become blanks. */
   Match addExpanded(int typ, std::size_t length) { return addText(typ, ReplaceTabs(take(length))); }
@@ -116,7 +118,7 @@ Match Lexer::addText(int typ, std::string_view text) {
   auto* token = new VhdlToken(typ, lexLine, lexParenLevel, text);
   if (typ == T_ATTRIBUTE_NAME) token->deleteSpaces();
   yytoklist->addItemLast(token);
-  return {typ, 0};
+  return nothingLeft;
 }
 
 Match Lexer::matchWord() const {
@@ -143,7 +145,7 @@ Match Lexer::matchNumber() const {
 Match Lexer::matchSpecial() {
   switch (*at) {
     case '\n': return at == end ? matchEnd() : Match{T_NEWLINE, 1};
-    case '\r': ++at; return {T_UNKNOWN, 0};
+    case '\r': ++at; return nothingLeft;
     case '(': ++lexParenLevel; return {T_LPAREN, 1};
     case ')': return {T_RPAREN, 1};
     case '-': return matchCommentOrDelimiter();

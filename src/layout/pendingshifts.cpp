@@ -27,6 +27,7 @@ void PendingShifts::add(int limit, int shift) {
 
 template <typename Holds>
 std::size_t PendingShifts::findBlock(std::size_t from, Holds holds) const {
+  if (!holds(levels[levelCount - 1].front())) return size();  // which bounds them all
   std::size_t level = 0;
   std::size_t place = from;
   while (place < levels[level].size()) {

@@ -72,7 +72,7 @@ class RulerCourse {
     if (blank.getTyp() != T_WHITESPACE) return;
     const int before = blank.textLength(1);
     blank.setFormatBlanks(static_cast<int>(pick(9)));
-    ruler.indented(blank.textLength(1) - before);
+    ruler.indented(start, blank.textLength(1) - before);
   }
 
   /** Gives a blank or a line end another text, as the pass does at and behind its place. */

@@ -43,8 +43,8 @@ OldListRefItem* LineRuler::findFirst(OldListRefItem* place) const {
 }
 
 LineRuler::Reading LineRuler::read(OldListRefItem* place, int tabWidth) {
-  int column = 0;
-  int behindMark = 0;                 // columns between the new mark and the place
+  long long column = 0;
+  long long behindMark = 0;           // columns between the new mark and the place
   OldListRefItem* newMark = nullptr;  // the nearest token before the place that can be one
   OldListRefItem* earliest = place;   // the token furthest back that is no blank
   OldListRefItem* node = place->getPrev();

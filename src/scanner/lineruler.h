@@ -35,8 +35,10 @@ class LineRuler {
   /** The columns before `place` on its line of the source. */
   [[nodiscard]] int readSource(const OldListRefItem* place, int tabWidth);
 
-  /** The blank before the line's first token has become wider by that many columns. */
-  void indented(int columns) { width = addColumns(width, columns); }
+  /** The blank before a line's first token has become wider by that many columns. */
+  void indented(const OldListRefItem* token, int columns) {
+    if (token == first) width = addColumns(width, columns);  // else no marked line is meant
+  }
 
   /** Forgets the output line: its marked stretch may change. */
   void forget() { mark = nullptr; }

@@ -137,5 +137,5 @@ void VhdlScanner::IndentLine(int delta) {
   tokenList.setAnchorNode(first);
   const int before = blanksBefore(*first);
   setPrevSpaces(token.getIndent());
-  ruler.indented(blanksBefore(*first) - before);
+  ruler.indented(first, blanksBefore(*first) - before);
 }

@@ -50,7 +50,7 @@ TEST(StopIndexTest, AnswersAsAWalkToTheEndWould) {
       ASSERT_EQ(index.hasClose(level), standsAhead(node, T_RPAREN, level)) << text;
       for (const int stop : {T_RPAREN, T_SEMICOLON}) {
         const int entries = countEntries(node, level, stop);
-        ASSERT_EQ(index.countEntries(level, T_COMMA, stop), entries) << text;
+        ASSERT_EQ(index.countEntries(level, stop), entries) << text;
       }
       const bool ends = standsAhead(node, T_END, anyLevel) || standsAhead(node, T_RPAREN, level);
       ASSERT_EQ(index.hasListEnd(level), ends) << text;

@@ -127,7 +127,7 @@ void VhdlScanner::readWaveform(int level) {
         if (style == C_A) popIndent();
         if (isWhenOpen) popIndent();
         popIndent();
-        endHead();
+        endLine();
         return;
       default: break;
     }
@@ -157,7 +157,7 @@ void VhdlScanner::SelectedSignalAssignment() {
       case T_SIGASSIGN: setNextNewline(); break;
       case T_SEMICOLON:
         popIndent();
-        endHead();
+        endLine();
         return;
       default: break;
     }

@@ -56,7 +56,7 @@ void VhdlScanner::Attribute() {
   setIndent(indentation, /*relative*/ 1);
   waitForSemiColon();
   popIndent();
-  endHead();
+  endLine();
 }
 
 void VhdlScanner::Type() {
@@ -65,7 +65,7 @@ void VhdlScanner::Type() {
   const int behind = getNextTokenTyp();
   if (behind == T_SEMICOLON) {  // an incomplete type
     popIndent();
-    endHead();
+    endLine();
     return;
   }
   if (behind != T_IS || LookForward(1) != T_LPAREN) return;
@@ -158,9 +158,9 @@ void VhdlScanner::Function() {
         break;
       case T_SEMICOLON:  // a declaration
         popIndent();
-        endHead();
+        endLine();
         return;
-      case T_IS: endHead(); return;  // a body
+      case T_IS: endLine(); return;  // a body
       default: break;
     }
   }

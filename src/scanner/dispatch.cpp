@@ -136,7 +136,7 @@ int VhdlScanner::determineContext() {
 int VhdlScanner::findContext() {
   const AnchorGuard guard(tokenList);
   while (const VhdlToken* token = stepBack()) {
-    if (tokenList.getAnchorNode() == contextMark) return contextTyp;
+    if (tokenList.getAnchorNode() == contextMark) return contextTyp;  // nothing before it changes
     switch (token->getTyp()) {
       case T_COLON: return T_COLON;
       case T_ALIAS:

@@ -5,6 +5,7 @@
 // level of the opening parenthesis, InterfaceList ends at the level of the first token that it
 // reads and splits at every comma and semicolon, however deep.
 #include <algorithm>
+#include <cassert>
 
 #include "base/columns.h"
 #include "scanner/vhdlscanner.h"
@@ -49,7 +50,7 @@ void VhdlScanner::Port() {
     waitForParenClose(paren->getParenLevel());
   }
   popTokenIndent();
-  if (getNextTokenTyp() == T_SEMICOLON) endHead();
+  if (getNextTokenTyp() == T_SEMICOLON) endLine();
 }
 
 void VhdlScanner::PortMap() {
@@ -99,6 +100,7 @@ int VhdlScanner::LongestInterfaceIdentifier() {
   const AnchorGuard guard(tokenList);
   const int level = getParenLevel();
   const bool isOpen = isLeftOpen(level);
+  // The blanks behind the words ahead are those of the last call: it set them to the same widths.
   if (isOpen && stopIndex.wordsAreSet()) return T_EOF;
   lookForInOutLinkage();
   const int classColumn = lookForSignalConstantVariable();
@@ -211,7 +213,10 @@ int VhdlScanner::LongestAssociationIdentifier(int& hasArrow) {
 }
 
 int VhdlScanner::CountListEntries(int level, int separator, int stop) {
-  if (stopIndex.isBuilt()) return stopIndex.countEntries(level, separator, stop);
+  if (stopIndex.isBuilt()) {
+    assert(separator == T_COMMA);  // the only one that is indexed
+    return stopIndex.countEntries(level, stop);
+  }
   const OldListRefItem* cursor = tokenList.getAnchorNode();
   const AnchorGuard guard(tokenList);
   int count = 1;

@@ -36,9 +36,7 @@ int VhdlScanner::nextIsComment() const {
 
 int VhdlScanner::LookForward(int count) const {
   const OldListRefItem* node = tokenList.getAnchorNode();
-  while (node != nullptr) {
-    node = node->getNext();
-    if (node == nullptr) break;
+  while (node != nullptr && (node = node->getNext()) != nullptr) {
     const int typ = typAt(node);
     if (!isSpacing(typ) && --count <= 0) return typ;
   }

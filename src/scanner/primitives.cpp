@@ -96,6 +96,11 @@ void VhdlScanner::setNextNewline() {
   tokenList.addItemAnchor(newSpacing(T_NEWLINE, level, "\n"));
 }
 
+void VhdlScanner::endLine() {
+  setNextNewline();
+  StatementClosed();
+}
+
 void VhdlScanner::setPrevNewline() {
   const AnchorGuard guard(tokenList);
   const int level = getParenLevel();

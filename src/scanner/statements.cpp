@@ -13,7 +13,7 @@ constexpr int elsifContinuation = 7;  // a wrapped condition, whatever the inden
 void VhdlScanner::openBody() {
   popTokenIndent();
   setIndent(indentation, /*relative*/ 1);
-  endHead();
+  endLine();
 }
 
 void VhdlScanner::BetweenIfThen() {
@@ -60,17 +60,17 @@ void VhdlScanner::When() {
     return;
   }
   popIndent();  // of an exit or next statement
-  endHead();
+  endLine();
 }
 
 void VhdlScanner::While() {
   indentUnlessLabelled();
-  if (waitFor(T_LOOP, T_LOOP)) endHead();
+  if (waitFor(T_LOOP, T_LOOP)) endLine();
 }
 
 void VhdlScanner::Loop() {
   indentUnlessLabelled();
-  endHead();
+  endLine();
 }
 
 void VhdlScanner::For() {
@@ -79,10 +79,10 @@ void VhdlScanner::For() {
     switch (getNextTokenTyp()) {
       case T_EOF: return;
       case T_GENERATE:
-      case T_LOOP: endHead(); return;
+      case T_LOOP: endLine(); return;
       case T_SEMICOLON:
         popIndent();
-        endHead();
+        endLine();
         return;
       case T_USE: openBinding(); return;
       case T_END:
@@ -113,7 +113,7 @@ void VhdlScanner::Wait() {
   indentUnlessLabelled();
   waitForSemiColon();
   popIndent();
-  endHead();
+  endLine();
 }
 
 void VhdlScanner::Assert() {
@@ -131,7 +131,7 @@ void VhdlScanner::Assert() {
       case T_SEMICOLON:
         popIndent();
         popIndent();
-        endHead();
+        endLine();
         return;
       default: break;
     }

@@ -2,7 +2,6 @@
 #include "scanner/stopindex.h"
 
 #include <algorithm>
-#include <cassert>
 
 namespace {
 
@@ -91,8 +90,7 @@ void StopIndex::countListEntries() {
   }
 }
 
-int StopIndex::countEntries(int level, [[maybe_unused]] int separator, int stop) const {
-  assert(separator == T_COMMA);
+int StopIndex::countEntries(int level, int stop) const {
   const int lowest = stop == T_RPAREN ? stops[next].lowestClose : stops[next].lowestSemicolon;
   if (lowest > level) return 0;
   const bool isBehindParen = next > 0 && typAt(stops[next - 1].node) == T_LPAREN;

@@ -17,6 +17,8 @@
 
 #include "tokens/vhdltoken.h"
 
+constexpr int severalEntries = 2;  // more are never counted
+
 class StopIndex {
  public:
   bool isBuilt() const { return !stops.empty(); }
@@ -40,9 +42,8 @@ class StopIndex {
   /** Does a closing parenthesis of at most that level stand ahead? */
   [[nodiscard]] bool hasClose(int level) const { return stops[next].lowestClose <= level; }
   /** The entries up to the next `stop`, a semicolon or a closing parenthesis, each on at most that
-      level; no more than severalEntries are counted. 0 if it never comes. Requires: the separator
-      is T_COMMA. */
-  [[nodiscard]] int countEntries(int level, int separator, int stop) const;
+      level and parted by commas; no more than severalEntries are counted. 0 if it never comes. */
+  [[nodiscard]] int countEntries(int level, int stop) const;
   /** Are the widest mode word and the widest class word ahead still those of the last call? The
      first call after build says no. */
   [[nodiscard]] bool wordsAreSet();
@@ -70,8 +71,6 @@ class StopIndex {
   int setModeWidth = -1;
   int setClassWidth = -1;
 };
-
-constexpr int severalEntries = 2;  // more are never counted
 
 /** Columns that a mode or class word claims in a list, itself and one blank; 0 for others. */
 [[nodiscard]] int modeWidth(int typ);

@@ -12,11 +12,6 @@ constexpr int useContinuation = 4;
 
 }  // namespace
 
-void VhdlScanner::endHead() {
-  setNextNewline();
-  StatementClosed();
-}
-
 bool VhdlScanner::readHead(std::initializer_list<int> head) {
   for (const int typ : head) {
     if (getNextTokenTyp() != typ) return false;
@@ -27,12 +22,12 @@ bool VhdlScanner::readHead(std::initializer_list<int> head) {
 void VhdlScanner::Entity() {
   if (isInstantiated()) return;
   setIndent(indentation, /*relative*/ 1);
-  if (readHead({T_IDENTIFIER, T_IS})) endHead();
+  if (readHead({T_IDENTIFIER, T_IS})) endLine();
 }
 
 void VhdlScanner::Architecture() {
   setIndent(indentation, /*relative*/ 1);
-  if (readHead({T_IDENTIFIER, T_OF, T_IDENTIFIER, T_IS})) endHead();
+  if (readHead({T_IDENTIFIER, T_OF, T_IDENTIFIER, T_IS})) endLine();
 }
 
 void VhdlScanner::Configuration() {
@@ -40,14 +35,14 @@ void VhdlScanner::Configuration() {
   setIndent(indentation, /*relative*/ 1);
   if (!readHead({T_IDENTIFIER, T_OF, T_IDENTIFIER, T_IS})) return;
   inConfiguration = 1;
-  endHead();
+  endLine();
 }
 
 void VhdlScanner::Package() {
   setIndent(indentation, /*relative*/ 1);
   int name = getNextTokenTyp();
   if (name == T_BODY) name = getNextTokenTyp();
-  if (name == T_IDENTIFIER && readHead({T_IS})) endHead();
+  if (name == T_IDENTIFIER && readHead({T_IS})) endLine();
 }
 
 void VhdlScanner::Component() {
@@ -55,7 +50,7 @@ void VhdlScanner::Component() {
   setIndent(indentation, /*relative*/ 1);
   if (!readHead({T_IDENTIFIER})) return;
   if (peekTokenTyp() == T_IS) getNextToken();
-  endHead();
+  endLine();
 }
 
 int VhdlScanner::peekTokenTyp() {
@@ -98,7 +93,7 @@ void VhdlScanner::Process() {
       if (LookForward(1) == T_IS) getNextToken();
     }
   }
-  endHead();
+  endLine();
 }
 
 void VhdlScanner::Begin() {
@@ -115,5 +110,5 @@ void VhdlScanner::End() {
   setIndent(indentation, /*relative*/ 1);
   waitForSemiColon();
   popIndent();
-  endHead();
+  endLine();
 }

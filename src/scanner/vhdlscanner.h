@@ -139,7 +139,7 @@ class VhdlScanner {
   void indentUnlessLabelled();
 
   // --- Spacing and line primitives (primitives.cpp): the only tools for blanks and line ends. They
-  // --- write format texts alone. The anchor stays, but for setNextNewline.
+  // --- write format texts alone. The anchor stays, but for setNextNewline and endLine.
 
   void setNextSpaces(int count);
   void setPrevSpaces(int count);
@@ -148,6 +148,8 @@ class VhdlScanner {
   /** Ends the line behind the anchor and moves the anchor onto the line end; does nothing where a
       comment follows on the line. */
   void setNextNewline();
+  /** setNextNewline behind a head or a whole statement: the next token starts a statement. */
+  void endLine();
   /** Starts a line with the anchor token. */
   void setPrevNewline();
   void deleteNewline();
@@ -157,6 +159,7 @@ class VhdlScanner {
   void IndentLine(int delta);
   /** A blank or line end that prints that text and stands in no list yet. */
   static VhdlToken* newSpacing(int typ, int level, std::string_view format);
+  /** The same of that many blanks, on the anchor's level of parentheses. */
   VhdlToken* newBlanks(int count);
 
   // --- Comments (comments.cpp) ---
@@ -199,9 +202,6 @@ class VhdlScanner {
 
   // --- Design units and structures (units.cpp) ---
 
-  /** Ends the line of a head or a statement: the next token starts a statement. Moves the anchor
-     onto the line end, unless a comment follows. */
-  void endHead();
   /** Reads one token for each code, up to the first that has another. True if all matched. */
   bool readHead(std::initializer_list<int> head);
   /** While it lives, tokens are read and laid out but not consumed. */

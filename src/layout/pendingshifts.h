@@ -8,8 +8,12 @@
 #ifndef QORN_LAYOUT_PENDINGSHIFTS_H
 #define QORN_LAYOUT_PENDINGSHIFTS_H
 
+#include <algorithm>
+#include <climits>
 #include <cstddef>
 #include <vector>
+
+#include "base/blocktree.h"
 
 class PendingShifts {
  public:
@@ -21,22 +25,22 @@ class PendingShifts {
   void clear();
 
  private:
-  struct Block {
-    long long smallest;  // of its limits: an indent up to it takes none of the shifts
-    long long highest;   // of its limits, each with the total before: see endOfRun
+  struct Bounds {
+    long long smallest = LLONG_MAX;  // of the limits: an indent up to it takes none of the shifts
+    long long highest = LLONG_MIN;   // of the limits, each with the total before: see endOfRun
+    void include(const Bounds& other) {
+      smallest = std::min(smallest, other.smallest);
+      highest = std::max(highest, other.highest);
+    }
   };
-  std::size_t size() const { return totals.size() - 1; }
-  /** The first place at or behind `from` whose limit is below the indent, else size(). */
+  /** The first place at or behind `from` whose limit is below the indent, else the end. */
   std::size_t startOfRun(std::size_t from, long long indent) const;
   /** The first place at or behind `from` where an indent that has taken every shift since `from`
-      does not exceed the limit, else size(). */
+      does not exceed the limit, else the end. */
   std::size_t endOfRun(std::size_t from, long long indent) const;
-  template <typename Holds>
-  std::size_t findBlock(std::size_t from, Holds holds) const;
 
-  std::vector<long long> totals;           // before each shift, and behind the last
-  std::vector<std::vector<Block>> levels;  // blocks of 1, 2, 4, ... shifts; the last may be short
-  std::size_t levelCount = 0;              // in use
+  std::vector<long long> totals;  // before each shift, and behind the last
+  BlockTree<Bounds> limits;
 };
 
 #endif

@@ -1,0 +1,82 @@
+// Values in a row, with a summary of each block of 2, 4, 8 and more of them, so that a search takes
+// no more steps than the row's length has binary digits, however far it goes.
+#ifndef QORN_BASE_BLOCKTREE_H
+#define QORN_BASE_BLOCKTREE_H
+
+#include <algorithm>
+#include <cstddef>
+#include <vector>
+
+/** A Summary made by its default constructor is that of no value; `include` takes in another. */
+template <typename Summary>
+class BlockTree {
+ public:
+  [[nodiscard]] bool isEmpty() const { return levelCount == 0; }
+  [[nodiscard]] std::size_t size() const { return isEmpty() ? 0 : levels[0].size(); }
+
+  /** Appends a value. */
+  void add(const Summary& value) {
+    std::size_t place = size();
+    for (std::size_t level = 0;; ++level, place /= 2) {
+      if (level == levels.size()) levels.emplace_back();
+      levelCount = std::max(levelCount, level + 1);
+      auto& blocks = levels[level];
+      if (place == blocks.size()) {
+        const bool isFirst = level > 0 && place == 0;
+        blocks.push_back(isFirst ? levels[level - 1].front() : value);
+      }
+      blocks[place].include(value);
+      if (blocks.size() == 1) return;
+    }
+  }
+
+  /** The first place at or behind `from` whose value `holds`, else size(). Requires: what holds for
+     a value holds for every summary that includes it. */
+  template <typename Holds>
+  [[nodiscard]] std::size_t findFirst(std::size_t from, Holds holds) const {
+    if (isEmpty() || !holds(levels[levelCount - 1].front())) return size();
+    std::size_t level = 0;
+    std::size_t place = from;
+    while (place < levels[level].size()) {
+      if (holds(levels[level][place])) {
+        if (level == 0) return place;
+        --level;
+        place *= 2;
+        continue;
+      }
+      ++place;
+      while (place % 2 == 0 && level + 1 < levelCount) {
+        ++level;
+        place /= 2;
+      }
+    }
+    return size();
+  }
+
+  /** The summary of the places from `from` up to `to`, which is not included. */
+  [[nodiscard]] Summary collect(std::size_t from, std::size_t to) const {
+    Summary summary;
+    while (from < to) {
+      std::size_t level = 0;
+      while (level + 1 < levelCount && from % (std::size_t{2} << level) == 0 &&
+             from + (std::size_t{2} << level) <= to) {
+        ++level;
+      }
+      summary.include(levels[level][from >> level]);
+      from += std::size_t{1} << level;
+    }
+    return summary;
+  }
+
+  /** The room stays for the next values. */
+  void clear() {
+    for (std::size_t level = 0; level < levelCount; ++level) levels[level].clear();
+    levelCount = 0;
+  }
+
+ private:
+  std::vector<std::vector<Summary>> levels;  // blocks of 1, 2, 4, ... values; the last may be short
+  std::size_t levelCount = 0;                // in use
+};
+
+#endif

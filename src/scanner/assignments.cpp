@@ -39,6 +39,8 @@ int VhdlScanner::determineTargetLength(int typ, int orTyp) {
   targetLength = prevTargetLength();
   const AnchorGuard guard(tokenList);
   if (!goBeforeSemicolon()) return targetLength;
+  const OldListRefItem* start = tokenList.getAnchorNode();
+  if (runEnds[typ] == start) return targetLength;
   bool isAssigned = true;  // has the statement in hand shown its assignment token?
   int semicolonLine = 0;
   while (const VhdlToken* token = stepForward()) {
@@ -53,8 +55,10 @@ int VhdlScanner::determineTargetLength(int typ, int orTyp) {
       if (length > targetLength && length <= identLength) targetLength = length;
       targetEndLine = token->getLineNo();
       isAssigned = true;
+      start = nullptr;
     }
   }
+  if (start != nullptr) runEnds[typ] = start;
   return targetLength;
 }
 
@@ -68,7 +72,7 @@ bool VhdlScanner::goBeforeSemicolon() {
       stopIndex.build(cursor);
       return false;
     }
-    stopIndex.countSteps(cursor, steps);
+    stopIndex.countSteps(cursor, tokenList.getAnchorNode(), steps);
   } else {
     tokenList.setAnchorNode(stopIndex.nextSemicolon());
   }

@@ -135,7 +135,7 @@ void VhdlScanner::Unit() {
 }
 
 void VhdlScanner::UnitList() {
-  const int width = LongestInterfaceIdentifier();
+  const int width = LongestInterfaceIdentifier(identLength);
   while (const VhdlToken* token = getNextToken()) {
     switch (token->getTyp()) {
       case T_END: setPrevNewline(); return;

@@ -70,10 +70,7 @@ void VhdlScanner::PortMap() {
 }
 
 void VhdlScanner::InterfaceList() {
-  const int limit = identLength;
-  identLength = addColumns(limit, interfaceExtra);
-  const int colonOffset = LongestInterfaceIdentifier();
-  identLength = limit;
+  const int colonOffset = LongestInterfaceIdentifier(longestInterfaceName());
   if (colonOffset == T_EOF) return;
   const VhdlToken* token = getNextToken();
   if (token == nullptr) return;
@@ -95,26 +92,34 @@ void VhdlScanner::InterfaceList() {
   }
 }
 
-int VhdlScanner::LongestInterfaceIdentifier() {
-  const OldListRefItem* cursor = tokenList.getAnchorNode();
-  const AnchorGuard guard(tokenList);
+int VhdlScanner::longestInterfaceName() const { return addColumns(identLength, interfaceExtra); }
+
+int VhdlScanner::LongestInterfaceIdentifier(int limit) {
   const int level = getParenLevel();
-  const bool isOpen = isLeftOpen(level);
-  // The blanks behind the words ahead are those of the last call: it set them to the same widths.
-  if (isOpen && stopIndex.wordsAreSet()) return T_EOF;
   lookForInOutLinkage();
   const int classColumn = lookForSignalConstantVariable();
-  if (isOpen) return T_EOF;
+  if (isLeftOpen(level)) return T_EOF;
+  if (!stopIndex.knowsNames(limit)) return walkOverNames(level, classColumn, limit);
+  return stopIndex.longestName(tokenList.getAnchorNode(), level, classColumn) + 1;
+}
+
+int VhdlScanner::walkOverNames(int level, int classColumn, int limit) {
+  const OldListRefItem* cursor = tokenList.getAnchorNode();
+  const AnchorGuard guard(tokenList);
   int length = 0;
   int longest = 0;
-  while (const VhdlToken* token = stepForward()) {
+  int steps = 0;
+  for (const VhdlToken* token = stepForward(); token != nullptr; token = stepForward(), ++steps) {
     const int typ = token->getTyp();
-    if (endsList(*token, level)) return longest + 1;
+    if (endsList(*token, level)) {
+      stopIndex.countSteps(cursor, tokenList.getAnchorNode(), steps);
+      return longest + 1;
+    }
     if (isSpacing(typ) || typ == T_RPAREN) continue;
     if (isClassWord(typ)) {
       length = addColumns(length, classColumn);
     } else if (typ == T_COLON || typ == T_COMMA || typ == T_EQUAL) {
-      if (length > longest && length <= identLength) longest = length;
+      if (length > longest && length <= limit) longest = length;
       length = 0;
     } else if (typ == T_SEMICOLON) {
       length = 0;
@@ -130,26 +135,37 @@ bool VhdlScanner::isLeftOpen(int level) const {
   return stopIndex.isBuilt() && !stopIndex.hasListEnd(level);
 }
 
-void VhdlScanner::lookForInOutLinkage() { setWordColumn(modeWidth); }
+void VhdlScanner::lookForInOutLinkage() { setWordColumn(MODE_WORD); }
 
-int VhdlScanner::lookForSignalConstantVariable() { return setWordColumn(classWidth); }
+int VhdlScanner::lookForSignalConstantVariable() { return setWordColumn(CLASS_WORD); }
 
-int VhdlScanner::setWordColumn(int (*widthOf)(int typ)) {
+int VhdlScanner::setWordColumn(WordKind kind) {
   const int level = getParenLevel();
+  if (stopIndex.isBuilt()) return setIndexedWordColumn(level, kind);
   int widest = 0;
   {
     const AnchorGuard guard(tokenList);
     const VhdlToken* token = stepForward();
     for (; token != nullptr && !endsList(*token, level); token = stepForward()) {
-      widest = std::max(widest, widthOf(token->getTyp()));
+      widest = std::max(widest, wordWidth(kind, token->getTyp()));
     }
   }
   if (widest == 0) return 0;
   const AnchorGuard guard(tokenList);
   const VhdlToken* token = stepForward();
   for (; token != nullptr && !endsList(*token, level); token = stepForward()) {
-    const int width = widthOf(token->getTyp());
+    const int width = wordWidth(kind, token->getTyp());
     if (width > 0) setNextSpaces(widest - width + 1);
+  }
+  return widest;
+}
+
+int VhdlScanner::setIndexedWordColumn(int level, WordKind kind) {
+  const int widest = stopIndex.widestWord(level, kind);
+  const AnchorGuard guard(tokenList);
+  for (OldListRefItem* word : stopIndex.wordsToSet(level, kind)) {
+    tokenList.setAnchorNode(word);
+    setNextSpaces(widest - wordWidth(kind, typAt(word)) + 1);
   }
   return widest;
 }
@@ -224,7 +240,7 @@ int VhdlScanner::CountListEntries(int level, int separator, int stop) {
   for (const VhdlToken* token = stepForward(); token != nullptr; token = stepForward(), ++steps) {
     if (token->getParenLevel() > level) continue;
     if (token->getTyp() == stop) {
-      stopIndex.countSteps(cursor, steps);
+      stopIndex.countSteps(cursor, tokenList.getAnchorNode(), steps);
       return std::min(count, severalEntries);
     }
     if (token->getTyp() == separator) ++count;

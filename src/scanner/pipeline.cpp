@@ -58,6 +58,7 @@ int VhdlScanner::format() {
   YYsetInTabSize(oldTabsize);
   startLex();
   if (includeOption == 1 && IncludeHeaders() != 0) return -1;
+  stopIndex.reset(longestInterfaceName());
   if (keepIndentation == 1) KeepIndentation();
   Format();
   LineBreak();
@@ -68,8 +69,8 @@ void VhdlScanner::Reset() {
   tokenList.deleteAllItems();
   indentStack.reset();
   ruler.reset();
-  stopIndex.clear();
   contextMark = nullptr;
+  runEnds = TokenTable<const OldListRefItem*>(nullptr);
   indent = 0;
   statementClosed = 1;
   inBlockHeader = 0;

@@ -1,121 +1,209 @@
-// Building the index: one walk forward to collect the stops, one backward to link them.
+// Building the index, and the searches in it.
 #include "scanner/stopindex.h"
 
 #include <algorithm>
+#include <cassert>
+
+#include "base/columns.h"
 
 namespace {
 
-constexpr int longWalk = 4096;    // tokens
-constexpr int longWalksMax = 16;  // that many long walks are cheaper than the index
+constexpr int longWalk = 512;     // tokens
+constexpr int longWalksMax = 16;  // that many over one stretch are cheaper than the index
 
-constexpr auto modeWidths = [] {
-  TokenTable<std::int16_t> widths(0);
+constexpr auto wordWidths = [] {
+  TokenTable<std::array<std::int16_t, 2>> widths({0, 0});
   // clang-format off
-  widths[T_IN]      = 3;
-  widths[T_OUT]     = 4;
-  widths[T_INOUT]   = 6;
-  widths[T_BUFFER]  = 7;
-  widths[T_LINKAGE] = 8;
+  widths[T_IN]      [MODE_WORD] = 3;
+  widths[T_OUT]     [MODE_WORD] = 4;
+  widths[T_INOUT]   [MODE_WORD] = 6;
+  widths[T_BUFFER]  [MODE_WORD] = 7;
+  widths[T_LINKAGE] [MODE_WORD] = 8;
+  widths[T_FILE]    [CLASS_WORD] = 5;
+  widths[T_ALIAS]   [CLASS_WORD] = 6;
+  widths[T_GROUP]   [CLASS_WORD] = 6;
+  widths[T_SIGNAL]  [CLASS_WORD] = 7;
+  widths[T_CONSTANT][CLASS_WORD] = 9;
+  widths[T_VARIABLE][CLASS_WORD] = 9;
   // clang-format on
   return widths;
 }();
 
-constexpr auto classWidths = [] {
-  TokenTable<std::int16_t> widths(0);
-  // clang-format off
-  widths[T_FILE]     = 5;
-  widths[T_ALIAS]    = 6;
-  widths[T_GROUP]    = 6;
-  widths[T_SIGNAL]   = 7;
-  widths[T_CONSTANT] = 9;
-  widths[T_VARIABLE] = 9;
-  // clang-format on
-  return widths;
-}();
+/** Does a name in an interface list end here? Those before a semicolon are never counted. */
+bool endsName(int typ) {
+  return typ == T_COLON || typ == T_COMMA || typ == T_EQUAL || typ == T_SEMICOLON;
+}
 
+/** The tokens that look-aheads end at or collect, and those that lists begin with, so that between
+    two of these look-aheads a stop is passed. */
 bool isStop(int typ) {
-  return typ == T_SEMICOLON || typ == T_COMMA || typ == T_END || typ == T_LPAREN ||
-         typ == T_RPAREN || modeWidths[typ] > 0 || classWidths[typ] > 0;
+  return endsName(typ) || typ == T_END || typ == T_RPAREN || typ == T_LPAREN || typ == T_RECORD ||
+         wordWidths[typ][MODE_WORD] > 0 || wordWidths[typ][CLASS_WORD] > 0;
 }
 
 }  // namespace
 
-int modeWidth(int typ) { return modeWidths[typ]; }
+int wordWidth(WordKind kind, int typ) { return wordWidths[typ][kind]; }
 
-int classWidth(int typ) { return classWidths[typ]; }
+// --- Building ---
 
-void StopIndex::countSteps(const OldListRefItem* cursor, int steps) {
-  if (steps > longWalk && ++longWalks > longWalksMax) build(cursor);
+void StopIndex::Summary::include(const Summary& other) {
+  const auto larger = [](auto& mine, const auto& theirs) {
+    for (std::size_t i = 0; i < mine.size(); ++i) mine[i] = std::max(mine[i], theirs[i]);
+  };
+  lowestSemicolon = std::min(lowestSemicolon, other.lowestSemicolon);
+  lowestComma = std::min(lowestComma, other.lowestComma);
+  lowestClose = std::min(lowestClose, other.lowestClose);
+  hasEnd = hasEnd || other.hasEnd;
+  larger(widest, other.widest);
+  larger(longest, other.longest);
+}
+
+void StopIndex::reset(int longestName) {
+  stops.clear();
+  summaries.clear();
+  for (auto& stretches : setStretches) stretches.clear();
+  next = 0;
+  awaited = nullptr;
+  overlaps = 0;
+  longestCounted = longestName;
+}
+
+void StopIndex::countSteps(const OldListRefItem* cursor, const OldListRefItem* end, int steps) {
+  if (steps <= longWalk) return;
+  if (awaited == nullptr) {
+    awaited = end;
+    overlaps = 0;
+  } else if (++overlaps > longWalksMax) {
+    build(cursor);
+  }
 }
 
 void StopIndex::build(const OldListRefItem* cursor) {
-  clear();
+  reset(longestCounted);
+  Stop place{nullptr, 0, 0};
+  Stop nameStart = place;
   for (OldListRefItem* node = cursor->getNext(); node != nullptr; node = node->getNext()) {
-    const VhdlToken& token = tokenAt(node);
-    if (isStop(token.getTyp())) stops.push_back({node, token.getParenLevel()});
-  }
-  const auto none = static_cast<std::uint32_t>(stops.size());
-  stops.push_back({nullptr, 0, none});
-  linkStops();
-  countListEntries();
-}
-
-void StopIndex::linkStops() {
-  for (auto i = static_cast<std::uint32_t>(stops.size() - 1); i-- > 0;) {
-    Stop& stop = stops[i];
-    const Stop& behind = stops[i + 1];
-    const int typ = typAt(stop.node);
-    stop.semicolon = typ == T_SEMICOLON ? i : behind.semicolon;
-    const int semicolonLevel = typ == T_SEMICOLON ? stop.level : INT_MAX;
-    stop.lowestSemicolon = std::min(semicolonLevel, behind.lowestSemicolon);
-    stop.lowestClose = std::min(typ == T_RPAREN ? stop.level : INT_MAX, behind.lowestClose);
-    stop.hasEnd = typ == T_END || behind.hasEnd;
-    stop.modeWidth = std::max(modeWidths[typ], behind.modeWidth);
-    stop.classWidth = std::max(classWidths[typ], behind.classWidth);
-  }
-}
-
-void StopIndex::countListEntries() {
-  std::vector<int> closed;  // the entries of the lists that are open, seen from behind
-  for (auto stop = stops.rbegin() + 1; stop != stops.rend(); ++stop) {
-    const int typ = typAt(stop->node);
-    if (typ == T_RPAREN) {
-      closed.push_back(1);
-    } else if (typ == T_COMMA && !closed.empty()) {
-      closed.back() = severalEntries;
-    } else if (typ == T_LPAREN && !closed.empty()) {
-      stop->entries = closed.back();
-      closed.pop_back();
+    const int typ = typAt(node);
+    if (isSpacing(typ)) continue;
+    if (isStop(typ)) {
+      place.node = node;
+      stops.push_back(place);
+      summaries.add(summarize(place, nameStart));
+    }
+    if (endsName(typ)) {
+      nameStart = place;
+    } else if (isClassWord(typ)) {
+      ++place.classWords;
+    } else if (typ != T_RPAREN) {
+      place.columns += tokenAt(node).textLength(1);
     }
   }
+  place.node = nullptr;
+  stops.push_back(place);
+  linkNameEnds();
+  awaited = stops.front().node;
+}
+
+StopIndex::Summary StopIndex::summarize(const Stop& stop, const Stop& nameStart) const {
+  const int typ = typAt(stop.node);
+  const int level = tokenAt(stop.node).getParenLevel();
+  Summary summary;
+  if (typ == T_SEMICOLON) summary.lowestSemicolon = level;
+  if (typ == T_COMMA) summary.lowestComma = level;
+  if (typ == T_RPAREN) summary.lowestClose = level;
+  summary.hasEnd = typ == T_END;
+  summary.widest = wordWidths[typ];
+  if (endsName(typ) && typ != T_SEMICOLON) {
+    for (std::size_t i = 0; i < classColumns.size(); ++i) {
+      summary.longest[i] = nameLength(0, nameStart, stop, classColumns[i]);
+    }
+  }
+  return summary;
+}
+
+int StopIndex::nameLength(long long columns, const Stop& from, const Stop& to,
+                          int classColumn) const {
+  columns += to.columns - from.columns;
+  columns += static_cast<long long>(classColumn) * (to.classWords - from.classWords);
+  const int length = heldInRange(columns);
+  return length <= longestCounted ? length : 0;
+}
+
+void StopIndex::linkNameEnds() {
+  std::size_t nameEnd = stops.size() - 1;
+  for (std::size_t i = stops.size() - 1; i-- > 0;) {
+    if (endsName(typAt(stops[i].node))) nameEnd = i;
+    stops[i].nameEnd = static_cast<std::uint32_t>(nameEnd);
+  }
+}
+
+// --- The way of the cursor ---
+
+void StopIndex::goOn() {
+  if (isBuilt()) ++next;
+  awaited = isBuilt() ? stops[next].node : nullptr;
+}
+
+void StopIndex::goBackTo(std::size_t place) {
+  next = place;
+  if (isBuilt()) awaited = stops[next].node;
+}
+
+// --- Searches ---
+
+OldListRefItem* StopIndex::nextSemicolon() const {
+  const auto isSemicolon = [](const Summary& summary) { return summary.lowestSemicolon < INT_MAX; };
+  return stops[summaries.findFirst(next, isSemicolon)].node;
 }
 
 int StopIndex::countEntries(int level, int stop) const {
-  const int lowest = stop == T_RPAREN ? stops[next].lowestClose : stops[next].lowestSemicolon;
-  if (lowest > level) return 0;
-  const bool isBehindParen = next > 0 && typAt(stops[next - 1].node) == T_LPAREN;
-  if (stop == T_RPAREN && isBehindParen && stops[next - 1].level == level) {
-    return stops[next - 1].entries;
-  }
-  for (auto place = stops.begin() + static_cast<std::ptrdiff_t>(next);; ++place) {
-    if (place->level > level) continue;
-    if (typAt(place->node) == stop) return 1;
-    if (typAt(place->node) == T_COMMA) return severalEntries;
-  }
+  const std::size_t end = summaries.findFirst(next, [level, stop](const Summary& summary) {
+    return (stop == T_RPAREN ? summary.lowestClose : summary.lowestSemicolon) <= level;
+  });
+  if (end == summaries.size()) return 0;
+  return summaries.collect(next, end).lowestComma <= level ? severalEntries : 1;
 }
 
-void StopIndex::clear() {
-  stops.clear();
-  next = 0;
-  longWalks = 0;
-  setModeWidth = -1;
-  setClassWidth = -1;
+std::size_t StopIndex::listEnd(int level) const {
+  return summaries.findFirst(next, [level](const Summary& summary) {
+    return summary.hasEnd || summary.lowestClose <= level;
+  });
 }
 
-bool StopIndex::wordsAreSet() {
-  const Stop& stop = stops[next];
-  const bool same = stop.modeWidth == setModeWidth && stop.classWidth == setClassWidth;
-  setModeWidth = stop.modeWidth;
-  setClassWidth = stop.classWidth;
-  return same;
+int StopIndex::widestWord(int level, WordKind kind) const {
+  return summaries.collect(next, listEnd(level)).widest[kind];
+}
+
+std::vector<OldListRefItem*> StopIndex::wordsToSet(int level, WordKind kind) {
+  const std::size_t end = listEnd(level);
+  const int width = widestWord(level, kind);
+  auto& stretches = setStretches[kind];
+  while (!stretches.empty() && stretches.back().end <= next) stretches.pop_back();
+  std::vector<OldListRefItem*> words;
+  if (!stretches.empty() && stretches.back().width == width && stretches.back().end >= end) {
+    return words;
+  }
+  const auto hasWord = [kind](const Summary& summary) { return summary.widest[kind] > 0; };
+  stretches.push_back({end, width});
+  for (std::size_t place = summaries.findFirst(next, hasWord); place < end;
+       place = summaries.findFirst(place + 1, hasWord)) {
+    words.push_back(stops[place].node);
+  }
+  return words;
+}
+
+int StopIndex::longestName(const OldListRefItem* cursor, int level, int classColumn) const {
+  const std::size_t end = listEnd(level);
+  const std::size_t first = stops[next].nameEnd;
+  if (first >= end) return 0;
+  long long columns = 0;  // before the next stop
+  for (const auto* node = cursor->getNext(); node != stops[next].node; node = node->getNext()) {
+    if (!isSpacing(typAt(node))) columns += tokenAt(node).textLength(1);
+  }
+  const bool counts = typAt(stops[first].node) != T_SEMICOLON;
+  const int firstName = counts ? nameLength(columns, stops[next], stops[first], classColumn) : 0;
+  const auto width = std::ranges::find(classColumns, classColumn);  // without class words, any
+  const auto kind = static_cast<std::size_t>(width - classColumns.begin()) % classColumns.size();
+  return std::max(firstName, summaries.collect(first + 1, end).longest[kind]);
 }

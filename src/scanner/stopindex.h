@@ -1,79 +1,115 @@
-// Where the look-aheads of odd sources stop.
+// What the look-aheads of odd sources find.
 //
-// A look-ahead for the end of a list or of a statement stops before long in any sound source. In
-// one that leaves ten thousand lists open it would run to the end of the file ten thousand times.
-// So the first look-ahead that finds no stop, or a number of them that go far, build this index of
-// all stops ahead of the cursor, and from then on the question whether one will come costs nothing.
+// A look-ahead for the end of a list or of a statement stops before long in any sound source, and
+// its stretch is then read. In a source that leaves ten thousand lists open it would run to the end
+// of the file ten thousand times, and where ten thousand lists are nested in a way that ends their
+// reading early, nearly as far. So the first look-ahead that finds no stop, or several long ones
+// over the same stretch, build this index of all stops ahead of the cursor, and from then on a
+// look-ahead is a search in it.
 //
-// Invariant, once built: `next` is the first stop ahead of the cursor, which reports every stop
-// that it passes.
+// Invariant, once built: `next` is the first stop ahead of the cursor, which reports every token
+// that it passes. Only blanks and line ends ahead of the cursor ever change, and they are no stops.
 #ifndef QORN_SCANNER_STOPINDEX_H
 #define QORN_SCANNER_STOPINDEX_H
 
+#include <array>
 #include <climits>
 #include <cstddef>
 #include <cstdint>
 #include <vector>
 
+#include "base/blocktree.h"
 #include "tokens/vhdltoken.h"
 
 constexpr int severalEntries = 2;  // more are never counted
 
+/** The words of an interface list that claim columns, which all its entries then keep free. */
+enum WordKind : int { MODE_WORD, CLASS_WORD };
+
+/** Columns that a word of that kind claims, itself and one blank; 0 for all other tokens. */
+[[nodiscard]] int wordWidth(WordKind kind, int typ);
+
 class StopIndex {
  public:
+  /** Clears the index. Names up to that length will count in longestName. */
+  void reset(int longestName);
   bool isBuilt() const { return !stops.empty(); }
+  /** Is it built, and with names up to that length? */
+  bool knowsNames(int longestName) const { return isBuilt() && longestName == longestCounted; }
   /** Indexes all that stands behind the node that the cursor is on. */
   void build(const OldListRefItem* cursor);
-  /** Takes note of a look-ahead over that many tokens; several long ones build the index. */
-  void countSteps(const OldListRefItem* cursor, int steps);
-  void clear();
-  /** To be called with every node that the cursor passes. */
+  /** Takes note of a look-ahead over that many tokens, which stopped at `end`; several long ones
+      over one stretch build the index. */
+  void countSteps(const OldListRefItem* cursor, const OldListRefItem* end, int steps);
+  /** To be called with every token that the cursor passes, blanks, line ends and comments aside. */
   void pass(const OldListRefItem* node) {
-    if (isBuilt() && stops[next].node == node) ++next;
+    if (node == awaited) goOn();
   }
   /** A place to come back to, where the cursor is only sent ahead. */
   [[nodiscard]] std::size_t getPlace() const { return next; }
-  void goBackTo(std::size_t place) { next = place; }
+  void goBackTo(std::size_t place);
+
+  // --- Once built ---
 
   /** The next semicolon ahead, or null. */
-  [[nodiscard]] OldListRefItem* nextSemicolon() const { return stops[stops[next].semicolon].node; }
-  /** Does `end`, or a closing parenthesis of at most that level, stand ahead? */
-  [[nodiscard]] bool hasListEnd(int level) const { return stops[next].hasEnd || hasClose(level); }
-  /** Does a closing parenthesis of at most that level stand ahead? */
-  [[nodiscard]] bool hasClose(int level) const { return stops[next].lowestClose <= level; }
+  [[nodiscard]] OldListRefItem* nextSemicolon() const;
   /** The entries up to the next `stop`, a semicolon or a closing parenthesis, each on at most that
       level and parted by commas; no more than severalEntries are counted. 0 if it never comes. */
   [[nodiscard]] int countEntries(int level, int stop) const;
-  /** Are the widest mode word and the widest class word ahead still those of the last call? The
-     first call after build says no. */
-  [[nodiscard]] bool wordsAreSet();
+
+  // The list ahead ends at `end` or at a closing parenthesis of at most that level, else with the
+  // index.
+
+  [[nodiscard]] bool hasListEnd(int level) const { return listEnd(level) < stops.size() - 1; }
+  /** The widest word of a kind in the list ahead, 0 without one. */
+  [[nodiscard]] int widestWord(int level, WordKind kind) const;
+  /** The words of a kind in the list ahead, whose blanks the caller is to set for the widest of
+      them; none if they have been set so by an earlier call. */
+  [[nodiscard]] std::vector<OldListRefItem*> wordsToSet(int level, WordKind kind);
+  /** The longest name of the list ahead, each class word counted as `classColumn`; as
+      VhdlScanner::LongestInterfaceIdentifier measures it. Requires: the list has an end, the cursor
+      is on that node, and `classColumn` is the width of the widest class word in the list. */
+  [[nodiscard]] int longestName(const OldListRefItem* cursor, int level, int classColumn) const;
 
  private:
+  static constexpr std::array<int, 4> classColumns{5, 6, 7, 9};  // which a list can have
+
   struct Stop {
     OldListRefItem* node;
-    int level = 0;  // of parentheses
-    // Of the stops from this one on:
-    std::uint32_t semicolon = 0;    // the first one
+    // Of the names and parts of names before it: columns but for class words, number of these.
+    long long columns;
+    int classWords;
+    std::uint32_t nameEnd = 0;  // the first stop from this one on that ends a name
+  };
+  /** What stands in a stretch. */
+  struct Summary {
     int lowestSemicolon = INT_MAX;  // level
+    int lowestComma = INT_MAX;      // level
     int lowestClose = INT_MAX;      // level
     bool hasEnd = false;
-    std::int16_t modeWidth = 0;  // the widest
-    std::int16_t classWidth = 0;
-    // Of an opening parenthesis: as countEntries behind it.
-    int entries = 0;
+    std::array<std::int16_t, 2> widest{};            // word, by its kind
+    std::array<int, classColumns.size()> longest{};  // name, by the columns of class words
+    void include(const Summary& other);
   };
-  void linkStops();
-  void countListEntries();
+  struct SetStretch {
+    std::size_t end;  // the stop that ends the list
+    int width;        // of the widest word
+  };
 
-  std::vector<Stop> stops;  // in the order of the list, closed by an entry without a node
+  void goOn();
+  Summary summarize(const Stop& stop, const Stop& nameStart) const;
+  /** The length of a name between two stops; 0 if it is too long to count. */
+  int nameLength(long long columns, const Stop& from, const Stop& to, int classColumn) const;
+  void linkNameEnds();
+  std::size_t listEnd(int level) const;
+
+  std::vector<Stop> stops;       // in the order of the list, closed by an entry without a node
+  BlockTree<Summary> summaries;  // of the stops, but for the last entry
   std::size_t next = 0;
-  int longWalks = 0;
-  int setModeWidth = -1;
-  int setClassWidth = -1;
+  const OldListRefItem* awaited = nullptr;  // the next stop, or the end of a long look-ahead
+  int overlaps = 0;                         // long look-aheads since then
+  int longestCounted = 0;                   // names that are longer count as none
+  std::array<std::vector<SetStretch>, 2> setStretches;  // by kind, each in the one before
 };
-
-/** Columns that a mode or class word claims in a list, itself and one blank; 0 for others. */
-[[nodiscard]] int modeWidth(int typ);
-[[nodiscard]] int classWidth(int typ);
 
 #endif

@@ -269,14 +269,19 @@ class VhdlScanner {
   int CountListEntries(int level, int separator, int stop);
   /** Is it known that no `end` and no closing parenthesis of that level stand ahead? */
   bool isLeftOpen(int level) const;
-  /** The measures look ahead from the anchor, which stays; T_EOF if the list never ends. */
-  int LongestInterfaceIdentifier();
+  /** Longer names of an InterfaceList keep no column free. */
+  int longestInterfaceName() const;
+  /** The measures look ahead from the anchor, which stays; T_EOF if the list never ends. Names
+     longer than the limit count as none. */
+  int LongestInterfaceIdentifier(int limit);
+  int walkOverNames(int level, int classColumn, int limit);
   int LongestAssociationIdentifier(int& hasArrow);
   /** Set the blanks behind the mode or class words of the list ahead; the latter returns the width
      of the class column, 0 without class words. */
   void lookForInOutLinkage();
   int lookForSignalConstantVariable();
-  int setWordColumn(int (*widthOf)(int typ));
+  int setWordColumn(WordKind kind);
+  int setIndexedWordColumn(int level, WordKind kind);
 
   // --- Control statements (statements.cpp) ---
 
@@ -385,10 +390,12 @@ class VhdlScanner {
   DynString tabifyBuffer;                    // result of Tabify and TabifyWhitespace
   int includeOption = 0;                     // option; without effect
 
-  LineRuler ruler;                              // the output line under way; forgotten by Reset
-  StopIndex stopIndex;                          // the stops ahead of the cursor; cleared by Reset
+  LineRuler ruler;      // the output line under way; forgotten by Reset
+  StopIndex stopIndex;  // the stops ahead of the cursor; made anew by format
   const OldListRefItem* contextMark = nullptr;  // the last token that determineContext was asked of
   int contextTyp = -1;                          // and its answer
+  // By the code that is put in a column: the last statement's end that is known to end a run.
+  TokenTable<const OldListRefItem*> runEnds{nullptr};
 };
 
 #endif

@@ -40,14 +40,13 @@ fs::path withExtension(const fs::path& stem, const char* extension) {
 
 /** What the program prints of the case; its own output, and nothing else, is expected. */
 std::string formatCase(const fs::path& stem) {
-  std::vector<std::string> arguments;
   const fs::path configuration = withExtension(stem, ".rc");
-  if (fs::exists(configuration)) arguments = {"-c", configuration.string()};
-  std::istringstream words(readFile(withExtension(stem, ".args")));
-  for (std::string word; words >> word;) arguments.push_back(word);
+  std::string command = "qorn ";
+  if (fs::exists(configuration)) command += "-c '" + configuration.string() + "' ";
+  command += readFile(withExtension(stem, ".args"));
   fs::path source = withExtension(stem, ".vhd");
   if (!fs::exists(source)) source = fs::path(stem).replace_extension(".vhd");
-  const ProgramRun run = runProgram(TempFolder(), arguments, readFile(source));
+  const ProgramRun run = shell(TempFolder(), command, readFile(source));
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.err, "");
   return run.out;

@@ -13,7 +13,6 @@
 #include "config/configtoken.h"
 #include "confignames.h"
 #include "programrun.h"
-#include "tempfolder.h"
 
 namespace {
 
@@ -56,8 +55,7 @@ std::map<std::string, std::string> settingsIn(const std::string& text) {
 }
 
 TEST(ManualTest, OptionsAreThoseOfTheUsageText) {
-  const TempFolder folder;
-  const std::string usage = runProgram(folder, {"-h"}).err;
+  const std::string usage = shell(TempFolder(), "qorn -h").err;
   Lines synopsis;
   Lines items;
   const std::regex option(R"(\[-(\w+)( <(\w+)>)?\])");
@@ -118,7 +116,7 @@ TEST(ManualTest, TheReadmeShowsRealOutput) {
     if (!isFence && isInside) blocks.back() += line + '\n';
   }
   ASSERT_GE(blocks.size(), 2U);
-  EXPECT_EQ(runProgram(TempFolder(), {}, blocks[0]).out, blocks[1]);
+  EXPECT_EQ(shell(TempFolder(), "qorn", blocks[0]).out, blocks[1]);
 }
 
 }  // namespace

@@ -31,12 +31,12 @@ TEST(OutputTest, PragmaCommentsSwitchTextAndLayout) {
   };
   const TempFolder folder;
   for (const Case& row : cases) {
-    EXPECT_EQ(runProgram(folder, {}, row.input).out, row.expected) << row.name;
+    EXPECT_EQ(shell(folder, "qorn", row.input).out, row.expected) << row.name;
   }
   folder.write("a.vhd", "--QORN-OFF\nuse A ;\n");
   folder.write("b.vhd", "use B ;\n");
-  EXPECT_EQ(runProgram(folder, {"a.vhd", "b.vhd"}).status, 0);
-  EXPECT_EQ(folder.read("b.vhd"), "USE b;\n") << "a switch holds to the end of its file";
+  EXPECT_EQ(shell(folder, "qorn a.vhd b.vhd; cat b.vhd").out, "USE b;\n")
+      << "a switch holds to the end of its file";
 }
 
 TEST(OutputTest, TurnsBlanksIntoTabs) {
@@ -70,8 +70,7 @@ TEST(OutputTest, TurnsBlanksIntoTabs) {
   const TempFolder folder;
   for (const TabCase& row : cases) {
     folder.write("rc", std::string("TABIFY TRUE TABSIZE ") + row.tabSize + "\n");
-    const ProgramRun run =
-        runProgram(folder, {"-c", "rc"}, std::string("--QORN-OFF\n") + row.input);
+    const ProgramRun run = shell(folder, "qorn -c rc", std::string("--QORN-OFF\n") + row.input);
     EXPECT_EQ(run.out, std::string("--QORN-OFF\n") + row.expected) << row.name;
   }
 }

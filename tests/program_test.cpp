@@ -1,193 +1,119 @@
-// The built program over files: in place, backups, whatever bytes come, and failing writes.
+// The built program over files: in place, backups, whatever bytes come, and failing reads and
+// writes.
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 
-#include <csignal>
-#include <random>
 #include <string>
-#include <vector>
 
 #include "programrun.h"
-#include "tempfolder.h"
 
 namespace {
 
-TEST(ProgramTest, RewritesAFileAndReplacesItsBackup) {
-  const TempFolder folder;
-  folder.write("a.vhd", "use a ;\n");
-  folder.write("a.vhd.bak", "older and longer than what replaces it\n");
-  const ProgramRun run = runProgram(folder, {"a.vhd"}, "use c ;\n");
-  EXPECT_EQ(run.status, 0);
-  EXPECT_EQ(run.out + run.err, "");
-  EXPECT_EQ(folder.read("a.vhd"), "USE a;\n");
-  EXPECT_EQ(folder.read("a.vhd.bak"), "use a ;\n");
-  folder.write("rc", "KEEPBACKUPFILE FALSE IDENTIFIERCASE UPPERCASE\n");
-  EXPECT_EQ(runProgram(folder, {"-c", "rc", "a.vhd"}).status, 0);
-  EXPECT_EQ(folder.read("a.vhd"), "USE A;\n");
-  EXPECT_EQ(folder.read("a.vhd.bak"), "use a ;\n");
-  folder.write("rc", "BACKUPFILEEXTENSION \"~\"\n");
-  EXPECT_EQ(runProgram(folder, {"-c", "rc", "a.vhd", "a.vhd"}).status, 0);
-  EXPECT_EQ(folder.read("a.vhd"), "USE a;\n");
-  EXPECT_EQ(folder.read("a.vhd~"), "USE a;\n");
+TEST(ProgramTest, RewritesFilesAndKeepsBackups) {
+  expectRuns({
+      {"the backup takes the place of an older one",
+       "echo older and longer >a.vhd.bak; echo 'use b ;' | qorn a.vhd; cat a.vhd a.vhd.bak", 0,
+       "USE a;\nuse a ;\n", ""},
+      {"without backups an older one stays",
+       "echo older >a.vhd.bak; qorn -c rc a.vhd; cat a.vhd a.vhd.bak", 0, "USE a;\nolder\n", ""},
+      {"another extension", "echo 'BACKUPFILE \"~\"' >rc; qorn -c rc a.vhd; cat a.vhd a.vhd~", 0,
+       "USE a;\nuse a ;\n", ""},
+      {"an odd extension",
+       "echo 'BACKUPFILE \" %s\n*\"' >rc; qorn -c rc a.vhd; cat 'a.vhd %s\n*' a.vhd", 0,
+       "use a ;\nUSE a;\n", ""},
+      {"the second run over a file takes the place of its first backup",
+       "qorn a.vhd ./a.vhd; cat a.vhd.bak", 0, "USE a;\n", ""},
+      {"a name without its extension", "cp a.vhd b.vhdl; qorn b; cat b.vhdl b.vhdl.bak", 0,
+       "USE a;\nuse a ;\n", ""},
+      {"and with another one", "cp a.vhd a.vhdl; VHDLEXT=.vhd qorn a; cat a.vhd a.vhdl", 0,
+       "USE a;\nuse a ;\n", ""},
+      {"a dash, blanks and a line end",
+       "f=\"-b  c\nd\"; mv a.vhd \"./$f\"; qorn \"./$f\"; cat \"./$f\" \"./$f.bak\"", 0,
+       "USE a;\nuse a ;\n", ""},
+      {"a symbolic link becomes a file, and its backup is the link",
+       "ln -s a.vhd l; qorn l; readlink l.bak; readlink l; cat l a.vhd", 0,
+       "a.vhd\nUSE a;\nuse a ;\n", ""},
+      {"without backups a symbolic link is followed",
+       "ln -s a.vhd l; qorn -c rc l; readlink l; cat a.vhd", 0, "a.vhd\nUSE a;\n", ""},
+      {"a hard link keeps the old text", "ln a.vhd h; qorn a.vhd; cat h a.vhd", 0,
+       "use a ;\nUSE a;\n", ""},
+  });
 }
 
-TEST(ProgramTest, FindsFilesByTheirExtension) {
-  struct Case {
-    const char* extension;
-    const char* rewritten;
-  };
-  const Case cases[] = {
-      {nullptr, "a.vhdl"}, {".vhd", "a.vhd"}, {"", "(none)"}, {"/../b", "(none)"}};
-  for (const Case& row : cases) {
-    const TempFolder folder;
-    folder.write("a.vhd", "use a ;\n");
-    folder.write("a.vhdl", "use a ;\n");
-    const ProgramRun run = runProgram(folder, {"a"}, "", {{"VHDLEXT", row.extension}});
-    for (const std::string name : {"a.vhd", "a.vhdl"}) {
-      const bool isRewritten = name == row.rewritten;
-      EXPECT_EQ(folder.read(name), isRewritten ? "USE a;\n" : "use a ;\n") << row.rewritten;
-      EXPECT_EQ(folder.read(name + ".bak"), isRewritten ? "use a ;\n" : "(none)") << row.rewritten;
-    }
-    EXPECT_EQ(run.status, row.rewritten == std::string("(none)") ? 1 : 0);
+TEST(ProgramTest, EndsAtAFileThatCannotBeRead) {
+  expectRuns({
+      {"no input", "qorn <&-", 2, "", "Error! qorn: standard input: Bad file descriptor\n"},
+      {"a folder", "qorn .", 2, "", "Error! qorn: .: Is a directory\n"},
+      {"no such name", "VHDLEXT= qorn a", 1, "",
+       "Error! unable to open file a\n       No such file or directory\n"},
+      {"files before it stay rewritten, those behind it as they are",
+       "cp a.vhd b.vhd; qorn a.vhd missing b.vhd || cat a.vhd a.vhd.bak b.vhd", 0,
+       "USE a;\nuse a ;\nuse a ;\n",
+       "Error! unable to open file missing\n       No such file or directory\n"},
+  });
+}
+
+TEST(ProgramTest, GoesOnBehindAFileThatCannotBeWritten) {
+  expectRuns({
+      {"no output", "echo 'use a ;' | qorn >&-", 0, "", "Error! qorn: Bad file descriptor\n"},
+      {"a full device", "echo 'use a ;' | qorn >/dev/full", 0, "",
+       "Error! qorn: No space left on device\n"},
+      {"no stream at all", "qorn a.vhd <&- >&- 2>&-; cat a.vhd a.vhd.bak", 0, "USE a;\nuse a ;\n",
+       ""},
+      {"the backup is a folder", "cp a.vhd b.vhd; mkdir a.vhd.bak; qorn a.vhd b.vhd; cat ?.vhd", 0,
+       "use a ;\nUSE a;\n", "Error! qorn: Is a directory\n"},
+      {"the backup's name is too long",
+       "f=$(printf %255s | tr ' ' x); cp a.vhd $f; qorn $f a.vhd; cat $f a.vhd", 0,
+       "use a ;\nUSE a;\n", "Error! qorn: File name too long\n"},
+      {"the backup's name leads into a folder",
+       "echo 'BACKUPFILE \"/x\"' >rc; qorn -c rc a.vhd; cat a.vhd", 0, "use a ;\n",
+       "Error! qorn: Not a directory\n"},
+      {"a file of the system", "qorn -c rc /proc/sys/kernel/ostype a.vhd 2>&1 | cut -c1-13; cat *",
+       0, "Error! qorn: \nUSE a;\nKEEPBACKUPFILE FALSE\n", ""},
+      {"the output breaks off",
+       "yes 'use a ;' | head -20000 >b.vhd; cp b.vhd c; trap '' XFSZ; (ulimit -f 128; qorn b.vhd "
+       "a.vhd); cmp b.vhd.bak c && wc -c <b.vhd; cat a.vhd",
+       0, "65536\nUSE a;\n", "Error! qorn: File too large\n"},
+  });
+}
+
+TEST(ProgramTest, LeavesWhatItMayNotWrite) {
+  // A build that counts coverage complains when it cannot write its counts.
+  const std::string said = shell(TempFolder(), "chmod 755 .; $nobody qorn -v 2>&1").out;
+  if (!said.starts_with("qorn version") || said.find('\n') + 1 != said.size()) {
+    GTEST_SKIP() << "no way to nobody: " << said;
   }
+  expectRuns({
+      {"a folder", "chmod 555 .; $nobody qorn a.vhd; ls; cat a.vhd", 0, "a.vhd\nrc\nuse a ;\n",
+       "Error! qorn: Permission denied\n"},
+      {"a file", "chmod 444 a.vhd; $nobody qorn -c rc a.vhd; cat a.vhd", 0, "use a ;\n",
+       "Error! qorn: Permission denied\n"},
+      {"nor read", "chmod 0 a.vhd; VHDLEXT= $nobody qorn a.vhd", 1, "",
+       "Error! unable to open file a.vhd\n       Permission denied\n"},
+  });
 }
 
 TEST(ProgramTest, TakesWhateverBytesCome) {
-  struct Case {
+  const std::string longToken = "--QORN-OFF\n\"" + std::string(200000, 'x') + "\"\n";
+  const struct {
     const char* name;
     std::string input;
     std::string expected;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"empty", "", ""},
       {"a line end", "\n", "\n"},
       {"no line end at the end", "use a", "USE a"},
       {"carriage returns", "use a ;\r\n--x\r\nuse b\r", "USE a;\n--x\nUSE b"},
       {"bytes beyond ASCII", "--\x80\xff\nuse \xe4 ;\n", "--\x80\xff\nUSE \xe4;\n"},
-      {"a long token", "--QORN-OFF\n\"" + std::string(200000, 'x') + "\"\n",
-       "--QORN-OFF\n\"" + std::string(200000, 'x') + "\"\n"},
+      {"a long token", longToken, longToken},
       {"zeros", std::string("use a\0 ;\n\0", 10), "USE a;\n"},
   };
-  for (const Case& row : cases) {
+  for (const auto& row : cases) {
     const TempFolder folder;
     folder.write("a.vhd", row.input);
-    EXPECT_EQ(runProgram(folder, {}, row.input).out, row.expected) << row.name;
-    EXPECT_EQ(runProgram(folder, {"a.vhd"}).status, 0) << row.name;
-    EXPECT_EQ(folder.read("a.vhd"), row.expected) << row.name;
+    EXPECT_EQ(shell(folder, "qorn <a.vhd && qorn a.vhd && cat a.vhd").out,
+              row.expected + row.expected)
+        << row.name;
     EXPECT_EQ(folder.read("a.vhd.bak"), row.input) << row.name;
-  }
-}
-
-TEST(ProgramTest, GoesOnBehindAFileThatCannotBeWritten) {
-  struct Case {
-    const char* name;
-    std::vector<std::string> arguments;
-    const char* error;
-    const char* backup;  // of b.vhd, the next file
-  };
-  const std::string tooLong(255, 'x');
-  const Case cases[] = {
-      {"the backup is a folder", {"a.vhd"}, "Error! qorn: Is a directory\n", "use b ;\n"},
-      {"the backup's name is too long",
-       {tooLong},
-       "Error! qorn: File name too long\n",
-       "use b ;\n"},
-      {"no writing", {"-c", "rc", "/proc/sys/kernel/ostype"}, "Error! qorn: ", "(none)"},
-  };
-  for (const Case& row : cases) {
-    const TempFolder folder;
-    folder.write("rc", "KEEPBACKUPFILE FALSE\n");
-    folder.write("a.vhd", "use a ;\n");
-    folder.write("a.vhd.bak/file", "kept");
-    folder.write(tooLong, "use a ;\n");
-    folder.write("b.vhd", "use b ;\n");
-    std::vector<std::string> arguments = row.arguments;
-    arguments.push_back("b.vhd");
-    const ProgramRun run = runProgram(folder, arguments);
-    EXPECT_EQ(run.status, 0) << row.name;
-    EXPECT_EQ(run.out, "") << row.name;
-    EXPECT_TRUE(run.err.starts_with(row.error)) << row.name << ": " << run.err;
-    EXPECT_EQ(run.err.find('\n'), run.err.size() - 1) << row.name << ": " << run.err;
-    EXPECT_EQ(folder.read("a.vhd"), "use a ;\n") << row.name;
-    EXPECT_EQ(folder.read("a.vhd.bak/file"), "kept") << row.name;
-    EXPECT_EQ(folder.read(tooLong), "use a ;\n") << row.name;
-    EXPECT_EQ(folder.read("b.vhd"), "USE b;\n") << row.name;
-    EXPECT_EQ(folder.read("b.vhd.bak"), row.backup) << row.name;
-  }
-}
-
-TEST(ProgramTest, TellsOfAnOutputThatBreaksOff) {
-  const TempFolder folder;
-  std::string source;
-  for (int i = 0; i < 20000; ++i) source += "use a ;\n";
-  folder.write("a.vhd", source);
-  folder.write("b.vhd", "use b ;\n");
-  rlimit before;
-  ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &before), 0);
-  const rlimit little{65536, before.rlim_max};
-  const auto handler = std::signal(SIGXFSZ, SIG_IGN);  // which the program inherits
-  ASSERT_EQ(setrlimit(RLIMIT_FSIZE, &little), 0);
-  const ProgramRun run = runProgram(folder, {"a.vhd", "b.vhd"});
-  setrlimit(RLIMIT_FSIZE, &before);
-  std::signal(SIGXFSZ, handler);
-  EXPECT_EQ(run.err, "Error! qorn: File too large\n");
-  EXPECT_EQ(run.status, 0);
-  EXPECT_EQ(folder.read("a.vhd").size(), 65536U);
-  EXPECT_EQ(folder.read("a.vhd.bak"), source);
-  EXPECT_EQ(folder.read("b.vhd"), "USE b;\n");
-}
-
-// --- A stretch with the formatting off comes back ---
-
-/** Tabs as blanks, for a source without tabs in strings and the like. */
-std::string expanded(const std::string& source, std::size_t tabSize) {
-  std::string text;
-  std::size_t column = 0;
-  for (const char character : source) {
-    const std::size_t width = character == '\t' ? tabSize - column % tabSize : 1;
-    text += character == '\t' ? std::string(width, ' ') : std::string(1, character);
-    column = character == '\n' ? 0 : column + width;
-  }
-  return text;
-}
-
-TEST(ProgramTest, KeepsTheExamplesWithFormattingOff) {
-  const TempFolder folder;
-  for (const auto& entry : std::filesystem::directory_iterator(QORN_SOURCE_DIR "/examples")) {
-    if (entry.path().extension() != ".vhd") continue;
-    std::ifstream stream(entry.path(), std::ios::binary);
-    const std::string text{std::istreambuf_iterator<char>(stream), {}};
-    ASSERT_GT(text.size(), 1000U) << entry.path();
-    const std::string source = "--QORN-OFF\n" + text;
-    EXPECT_EQ(runProgram(folder, {}, source).out, expanded(source, 4)) << entry.path();
-    EXPECT_EQ(runProgram(folder, {"-k", "-t", "8"}, source).out, expanded(source, 8));
-  }
-}
-
-TEST(ProgramTest, KeepsRubbishWithFormattingOff) {
-  const std::vector<std::string> pieces = {
-      "entity",     " is ",    "begin ", "end;",   "if ",      "then ",     "process",
-      "(",          ")",       "port(",  "map",    "case",     "when ",     "=>",
-      "<=",         ":=",      ";\n",    "\n",     "  ",       "--",        "-- = ==",
-      "\"",         "'",       "1#",     "record", "generate", "function ", "variable",
-      ":",          ",",       "'low ",  "x_1",    "\\",       "\n\n\n",    "with ",
-      "select",     "signal ", "type",   "units",  "for ",     "loop ",     "--QORN-INDENT-OFF\n",
-      "component ", "assert "};
-  const TempFolder folder;
-  std::mt19937 random(2);
-  for (int round = 0; round < 24; ++round) {
-    std::string source = "--QORN-OFF\n";
-    for (int i = 0; i < 3000; ++i) {
-      const bool isByte = random() % 24 < static_cast<unsigned>(round);
-      const char byte = static_cast<char>(random() % 256);
-      if (!isByte) source += pieces[random() % pieces.size()];
-      if (isByte && std::string("\r\t!").find(byte) == std::string::npos && byte != 0)
-        source += byte;
-    }
-    const ProgramRun run = runProgram(folder, {}, source);
-    ASSERT_EQ(run.err, "") << round;
-    ASSERT_EQ(run.status, 0) << round;
-    ASSERT_TRUE(run.out == source) << round;
   }
 }
 

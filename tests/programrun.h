@@ -1,53 +1,64 @@
-// Runs the built program in a folder, as a shell would.
+// Runs the built program in a folder, by way of a shell.
 #ifndef QORN_TESTS_PROGRAMRUN_H
 #define QORN_TESTS_PROGRAMRUN_H
 
-#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cstdlib>
+#include <initializer_list>
 #include <string>
 #include <string_view>
-#include <vector>
 
 #include "tempfolder.h"
 
 struct ProgramRun {
-  int status;  // exit status, or -1 if a signal ended the run
+  int status;  // exit status, or -1 if a signal ended the shell
   std::string out;
   std::string err;
 };
 
-/** An environment variable; a null value takes it away. */
-struct Variable {
-  const char* name;
-  const char* value;
-};
-
-/** Runs qorn with these arguments in the folder. QORNRC names no folder unless it is given. */
-inline ProgramRun runProgram(const TempFolder& folder, std::vector<std::string> arguments,
-                             std::string_view input = "", std::vector<Variable> variables = {}) {
+/** What a shell does in the folder, where `qorn` is the program and $nobody precedes a command that
+    is to run without privileges. QORNRC names no folder unless the commands set it. */
+inline ProgramRun shell(const TempFolder& folder, const std::string& commands,
+                        std::string_view input = "") {
   const TempFolder streams;
   streams.write("in", input);
-  const pid_t child = fork();
-  if (child == 0) {
-    const bool ready = dup2(open(streams.path("in").c_str(), O_RDONLY), STDIN_FILENO) != -1 &&
-                       dup2(creat(streams.path("out").c_str(), 0600), STDOUT_FILENO) != -1 &&
-                       dup2(creat(streams.path("err").c_str(), 0600), STDERR_FILENO) != -1 &&
-                       chdir(folder.path().c_str()) == 0 && setenv("QORNRC", ":", 1) == 0;
-    for (const auto& [name, value] : variables) {
-      (void)(value == nullptr ? unsetenv(name) : setenv(name, value, 1));
-    }
-    std::vector<char*> words{const_cast<char*>("qorn")};
-    for (std::string& argument : arguments) words.push_back(argument.data());
-    words.push_back(nullptr);
-    if (ready) execv(QORN_PROGRAM, words.data());
-    _exit(127);
-  }
-  int status = 0;
-  waitpid(child, &status, 0);
+  const std::string programs = std::filesystem::path(QORN_PROGRAM).parent_path();
+  const std::string nobody =
+      geteuid() == 0 ? "setpriv --reuid=65534 --regid=65534 --clear-groups" : "";
+  const std::string line = "cd '" + folder.path() + "' && export QORNRC=: PATH='" + programs +
+                           "':\"$PATH\" && nobody='" + nobody + "' && { " + commands + "\n} <'" +
+                           streams.path("in") + "' >'" + streams.path("out") + "' 2>'" +
+                           streams.path("err") + "'";
+  const int status = std::system(line.c_str());
   return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, streams.read("out"), streams.read("err")};
+}
+
+struct ShellCase {
+  const char* name;
+  const char* commands;
+  int status;
+  const char* out;
+  const char* err;
+};
+
+/** Every case starts with "use a ;" in a.vhd and a configuration without backups in rc. */
+inline void expectRuns(std::initializer_list<ShellCase> cases) {
+  for (const ShellCase& row : cases) {
+    SCOPED_TRACE(row.name);
+    const TempFolder folder;
+    folder.write("a.vhd", "use a ;\n");
+    folder.write("rc", "KEEPBACKUPFILE FALSE\n");
+    ASSERT_EQ(chmod(folder.path().c_str(), 0777), 0);
+    const ProgramRun run = shell(folder, row.commands);
+    EXPECT_EQ(run.status, row.status);
+    EXPECT_EQ(run.out, row.out);
+    EXPECT_EQ(run.err, row.err);
+    (void)chmod(folder.path().c_str(), 0777);
+  }
 }
 
 #endif

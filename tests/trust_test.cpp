@@ -15,7 +15,6 @@
 
 #include "base/exitstatus.h"
 #include "programrun.h"
-#include "tempfolder.h"
 
 #if defined(__SANITIZE_ADDRESS__)
 #define QORN_HAS_ADDRESS_SANITIZER 1
@@ -30,97 +29,10 @@ namespace {
 using std::chrono::microseconds;
 using std::chrono::steady_clock;
 
-/** What a shell does in the folder, where "$qorn" is the program and $nobody precedes a command
-    that is to run without privileges. */
-ProgramRun shell(const TempFolder& folder, const std::string& commands) {
-  const TempFolder streams;
-  const std::string nobody =
-      geteuid() == 0 ? "setpriv --reuid=65534 --regid=65534 --clear-groups" : "";
-  const std::string line = "cd '" + folder.path() + "' && export QORNRC=: && qorn='" +
-                           QORN_PROGRAM "' && nobody='" + nobody + "' && { " + commands + "\n} >'" +
-                           streams.path("out") + "' 2>'" + streams.path("err") + "'";
-  const int status = std::system(line.c_str());
-  return {WIFEXITED(status) ? WEXITSTATUS(status) : -1, streams.read("out"), streams.read("err")};
-}
-
 std::string repeated(std::string_view text, int count) {
   std::string result;
   for (; count > 0; --count) result += text;
   return result;
-}
-
-struct Case {
-  const char* name;
-  const char* commands;
-  int status;
-  const char* out;
-  const char* err;
-};
-
-/** Every case starts with "use a ;" in a.vhd and a configuration without backups in rc. */
-void expectRuns(const std::vector<Case>& cases) {
-  for (const Case& row : cases) {
-    SCOPED_TRACE(row.name);
-    const TempFolder folder;
-    folder.write("a.vhd", "use a ;\n");
-    folder.write("rc", "KEEPBACKUPFILE FALSE\n");
-    ASSERT_EQ(chmod(folder.path().c_str(), 0777), 0);
-    const ProgramRun run = shell(folder, row.commands);
-    EXPECT_EQ(run.status, row.status);
-    EXPECT_EQ(run.out, row.out);
-    EXPECT_EQ(run.err, row.err);
-    (void)chmod(folder.path().c_str(), 0777);
-  }
-}
-
-TEST(TrustTest, TellsOfStreamsThatFail) {
-  expectRuns({
-      {"no input", "\"$qorn\" <&-", 2, "", "Error! qorn: standard input: Bad file descriptor\n"},
-      {"no output", "echo 'use a ;' | \"$qorn\" >&-", 0, "", "Error! qorn: Bad file descriptor\n"},
-      {"a full device", "echo 'use a ;' | \"$qorn\" >/dev/full", 0, "",
-       "Error! qorn: No space left on device\n"},
-      {"no stream at all", "\"$qorn\" a.vhd <&- >&- 2>&-; cat a.vhd a.vhd.bak", 0,
-       "USE a;\nuse a ;\n", ""},
-  });
-}
-
-TEST(TrustTest, LeavesWhatItMayNotWrite) {
-  // A build that counts coverage complains when it cannot write its counts.
-  const std::string said = shell(TempFolder(), "chmod 755 .; $nobody \"$qorn\" -v 2>&1").out;
-  if (!said.starts_with("qorn version") || said.find('\n') + 1 != said.size()) {
-    GTEST_SKIP() << "no way to nobody: " << said;
-  }
-  expectRuns({
-      {"a folder", "chmod 555 .; $nobody \"$qorn\" a.vhd; ls; cat a.vhd", 0, "a.vhd\nrc\nuse a ;\n",
-       "Error! qorn: Permission denied\n"},
-      {"a file", "chmod 444 a.vhd; $nobody \"$qorn\" -c rc a.vhd; cat a.vhd", 0, "use a ;\n",
-       "Error! qorn: Permission denied\n"},
-      {"nor read", "chmod 0 a.vhd; VHDLEXT= $nobody \"$qorn\" a.vhd", 1, "",
-       "Error! unable to open file a.vhd\n       Permission denied\n"},
-  });
-}
-
-TEST(TrustTest, TakesLinksAndOddNames) {
-  expectRuns({
-      {"a symbolic link becomes a file, and its backup is the link",
-       "ln -s a.vhd l; \"$qorn\" l; readlink l.bak; readlink l; cat l a.vhd", 0,
-       "a.vhd\nUSE a;\nuse a ;\n", ""},
-      {"without backups a symbolic link is followed",
-       "ln -s a.vhd l; \"$qorn\" -c rc l; readlink l; cat a.vhd", 0, "a.vhd\nUSE a;\n", ""},
-      {"a hard link keeps the old text", "ln a.vhd h; \"$qorn\" a.vhd; cat h a.vhd", 0,
-       "use a ;\nUSE a;\n", ""},
-      {"a dash, blanks and a line end",
-       "f=\"-b  c\nd\"; mv a.vhd \"./$f\"; \"$qorn\" \"./$f\"; cat \"./$f\" \"./$f.bak\"", 0,
-       "USE a;\nuse a ;\n", ""},
-      {"an odd extension",
-       "echo 'BACKUPFILE \" %s\n*\"' >rc; \"$qorn\" -c rc a.vhd; cat 'a.vhd %s\n*' a.vhd", 0,
-       "use a ;\nUSE a;\n", ""},
-      {"an extension that leads into a folder",
-       "echo 'BACKUPFILE \"/x\"' >rc; \"$qorn\" -c rc a.vhd; cat a.vhd", 0, "use a ;\n",
-       "Error! qorn: Not a directory\n"},
-      {"the second run over a file takes the place of its first backup",
-       "\"$qorn\" a.vhd ./a.vhd; cat a.vhd.bak", 0, "USE a;\n", ""},
-  });
 }
 
 TEST(TrustTest, TouchesNothingWhenMemoryRunsOut) {
@@ -135,7 +47,7 @@ TEST(TrustTest, TouchesNothingWhenMemoryRunsOut) {
   for (int kilobytes = 5000; failures < 40; kilobytes += kilobytes / 8) {
     SCOPED_TRACE(kilobytes);
     const std::string limit = "ulimit -v " + std::to_string(kilobytes);
-    const ProgramRun run = shell(folder, "(" + limit + "; exec \"$qorn\" a.vhd)");
+    const ProgramRun run = shell(folder, "(" + limit + "; exec qorn a.vhd)");
     if (run.status == 0 || run.status == 127) {  // enough, or not enough to start
       EXPECT_EQ(folder.read("a.vhd") == source, run.status == 127);
       if (run.status == 0) break;

@@ -21,101 +21,74 @@ bool agrees(const DynString& string, const std::string& model) {
          string.get()[model.size()] == '\0';
 }
 
-/** One operation on `one`, with a length around the borders between the forms. */
-void change(int operation, int size, unsigned where, Pair& one) {
-  const auto count = static_cast<std::size_t>(size);
-  const std::size_t length = one.model.size();
-  const std::size_t from = where % (length + 1);
-  const std::size_t rest = std::min(count, length - from);
-  const std::string fresh(count, static_cast<char>('a' + where % 26));
-  switch (operation) {
-    case 0:
-      one.string.set(fresh);
-      one.model = fresh;
-      return;
-    case 1:  // from itself
-      one.string.set(one.string.view().substr(from, rest));
-      one.model = one.model.substr(from, rest);
-      return;
-    case 2:
-      one.string.cat(fresh);
-      one.model += fresh;
-      return;
-    case 3:  // its own text
-      one.string.cat(one.string.view().substr(from, rest));
-      one.model += one.model.substr(from, rest);
-      return;
-    case 4:
-      one.string.catRepeated(size, '\xe4');
-      one.model.append(count, '\xe4');
-      return;
-    case 5:
-      one.string.setBlanks(size);
-      one.model.assign(count, ' ');
-      return;
-    case 6:
-      one.string.truncate(static_cast<int>(from));
-      one.model.resize(from);
-      return;
-    case 7:
-      one.string.dropFront(static_cast<int>(from));
-      one.model.erase(0, from);
-      return;
-    case 8:
-      if (length == 0) return;
-      one.string.edit()[from % length] = '#';
-      one.model[from % length] = '#';
-      return;
-    case 9:
-      one.string.transform([](char letter) { return letter == 'a' ? 'A' : letter; });
-      for (char& letter : one.model) letter = letter == 'a' ? 'A' : letter;
-      return;
-    default:
-      one.string.catl(static_cast<long>(where) * -7);
-      one.model += std::to_string(static_cast<long>(where) * -7);
-  }
-}
+/** What an operation is given; a length is around the borders between the string's forms. */
+struct Given {
+  int size;
+  std::string fresh;  // of that size
+  std::size_t from;   // a place in the text
+  std::size_t rest;   // bytes behind it, at most size
+  Pair& other;
+};
 
-void assign(int operation, Pair& one, Pair& other) {
-  switch (operation) {
-    case 11:
-      one.string = other.string;
-      one.model = other.model;
-      return;
-    case 12:
-      one.string = std::move(other.string);
-      one.model = std::exchange(other.model, "");
-      return;
-    case 13:
-      one.string = DynString(other.string);
-      one.model = other.model;
-      return;
-    default: {
-      DynString& itself = one.string;
-      one.string = itself;
-      one.string = std::move(itself);
-    }
-  }
-}
+using Str = DynString;
+using Text = std::string;
+
+constexpr struct {
+  void (*change)(Str& string, const Given& given);
+  void (*mirror)(Text& model, const Given& given);
+} operations[] = {
+    {[](Str& s, const Given& g) { s.set(g.fresh); }, [](Text& m, const Given& g) { m = g.fresh; }},
+    {[](Str& s, const Given& g) { s.set(s.view().substr(g.from, g.rest)); },
+     [](Text& m, const Given& g) { m = m.substr(g.from, g.rest); }},
+    {[](Str& s, const Given& g) { s.cat(g.fresh); }, [](Text& m, const Given& g) { m += g.fresh; }},
+    {[](Str& s, const Given& g) { s.cat(s.view().substr(g.from, g.rest)); },
+     [](Text& m, const Given& g) { m += m.substr(g.from, g.rest); }},
+    {[](Str& s, const Given& g) { s.catRepeated(g.size, '\xe4'); },
+     [](Text& m, const Given& g) { m.append(g.fresh.size(), '\xe4'); }},
+    {[](Str& s, const Given& g) { s.setBlanks(g.size); },
+     [](Text& m, const Given& g) { m.assign(g.fresh.size(), ' '); }},
+    {[](Str& s, const Given& g) { s.truncate(static_cast<int>(g.from)); },
+     [](Text& m, const Given& g) { m.resize(g.from); }},
+    {[](Str& s, const Given& g) { s.dropFront(static_cast<int>(g.from)); },
+     [](Text& m, const Given& g) { m.erase(0, g.from); }},
+    {[](Str& s, const Given& g) {
+       if (g.rest > 0) s.edit()[g.from] = '#';
+     },
+     [](Text& m, const Given& g) {
+       if (g.rest > 0) m[g.from] = '#';
+     }},
+    {[](Str& s, const Given&) { s.transform([](char c) { return c == 'a' ? 'A' : c; }); },
+     [](Text& m, const Given&) { std::ranges::replace(m, 'a', 'A'); }},
+    {[](Str& s, const Given& g) { s.catl(g.size * -12345L); },
+     [](Text& m, const Given& g) { m += std::to_string(g.size * -12345L); }},
+    {[](Str& s, const Given& g) { s = g.other.string; },
+     [](Text& m, const Given& g) { m = g.other.model; }},
+    {[](Str& s, const Given& g) { s = std::move(g.other.string); },
+     [](Text& m, const Given& g) { m = std::exchange(g.other.model, ""); }},
+    {[](Str& s, const Given& g) { s = DynString(g.other.string); },
+     [](Text& m, const Given& g) { m = g.other.model; }},
+    {[](Str& s, const Given&) { s = *&s, s = std::move(*&s); }, [](Text&, const Given&) {}},
+};
 
 TEST(DynStringTest, ReadsAsThePlainTextInEveryForm) {
   constexpr int sizes[] = {0, 1, 7, 14, 15, 16, 17, 40, 255, 256, 257, 600};
   std::mt19937 random(1);
   Pair pairs[2];
   for (int i = 0; i < 40000; ++i) {
-    const auto operation = static_cast<int>(random() % 15);
+    const std::size_t operation = random() % std::size(operations);
     const int size = sizes[random() % std::size(sizes)];
     Pair& one = pairs[random() % 2];
-    Pair& other = &one == pairs ? pairs[1] : pairs[0];
-    if (operation <= 10) {
-      change(operation, size, static_cast<unsigned>(random() % 10000), one);
-    } else {
-      assign(operation, one, other);
-    }
-    for (Pair& pair : pairs) {
+    const std::size_t length = one.model.size();
+    const std::size_t from = random() % (length + 1);
+    const auto count = static_cast<std::size_t>(size);
+    const Given given{size, std::string(count, static_cast<char>('a' + random() % 26)), from,
+                      std::min(count, length - from), &one == pairs ? pairs[1] : pairs[0]};
+    operations[operation].change(one.string, given);
+    operations[operation].mirror(one.model, given);
+    for (const Pair& pair : pairs) {
       ASSERT_TRUE(agrees(pair.string, pair.model)) << "operation " << operation << ", " << size;
-      if (pair.model.size() > 2000) change(0, 0, 0, pair);
     }
+    if (one.model.size() > 2000) one = Pair();
   }
 }
 

@@ -1,52 +1,40 @@
 // The indent in force and its stack.
 #include <gtest/gtest.h>
 
+#include <climits>
+
 #include "scannerprobe.h"
 
 namespace {
 
 TEST(Indentation, IsWhatWasPushedLast) {
-  struct Case {
+  using Probe = ScannerProbe;
+  const struct {
     const char* name;
     int start;
-    void (*act)(ScannerProbe& probe);
+    void (*act)(Probe& probe);
     int indent;
     int depth;
     int closed;
-  };
-  using Probe = ScannerProbe;
-  static constexpr Case cases[] = {
+  } cases[] = {
       {"relative", 2, [](Probe& s) { s.setIndent(4, 1); }, 6, 1, 0},
       {"absolute", 12, [](Probe& s) { s.setIndent(8, 0); }, 8, 1, 0},
       {"any other mode is absolute", 12, [](Probe& s) { s.setIndent(8, 2); }, 8, 1, 0},
-      {"absolute and back", 12, [](Probe& s) { s.setIndent(8, 0), s.popIndent(); }, 12, 0, 0},
-      {"two and back", 3,
-       [](Probe& s) { s.setIndent(4, 1), s.setIndent(4, 1), s.popIndent(), s.popIndent(); }, 3, 0,
-       0},
+      {"and back", 12, [](Probe& s) { s.setIndent(8, 0), s.popIndent(); }, 12, 0, 0},
       {"a pop too many", 3, [](Probe& s) { s.popIndent(), s.popIndent(); }, 0, 0, 1},
       {"a pop leaves the statement as it is", 0,
        [](Probe& s) { s.setIndent(4, 1), s.StatementClosed(), s.popIndent(); }, 0, 0, 1},
       {"one step a statement", 3,
        [](Probe& s) { s.setIdentifierIndent(), s.setIdentifierIndent(); }, 7, 1, 0},
-      {"deeper than the stack's first room", 1,
-       [](Probe& s) {
-         for (int i = 0; i < 17; ++i) s.setIndent(10 * i, 0);
-         for (int i = 16; i > 0; --i) {
-           s.popIndent();
-           EXPECT_EQ(s.indent, 10 * (i - 1));
-         }
-       },
-       0, 1, 0},
-      {"no sum leaves the range", 2147483000, [](Probe& s) { s.setIndent(2147483000, 1); },
-       2147483647, 1, 0},
+      {"no sum leaves the range", INT_MAX - 5, [](Probe& s) { s.setIndent(6, 1); }, INT_MAX, 1, 0},
       {"behind a label, none", 3,
        [](Probe& s) { s.scan("l: if"), s.at(T_IF), s.indentUnlessLabelled(); }, 3, 0, 1},
       {"without a label, one step", 3,
        [](Probe& s) { s.scan("; if"), s.at(T_IF), s.indentUnlessLabelled(); }, 7, 1, 0},
   };
-  for (const Case& row : cases) {
+  for (const auto& row : cases) {
     SCOPED_TRACE(row.name);
-    ScannerProbe probe;
+    Probe probe;
     probe.indent = row.start;
     row.act(probe);
     EXPECT_EQ(probe.indent, row.indent);
@@ -60,13 +48,10 @@ TEST(Indentation, ConfigurationEndsAtTheMargin) {
   probe.inConfiguration = 1;
   probe.setIndent(4, 1);
   probe.setIndent(0, 0);
-  probe.setIndent(8, 0);
-  probe.popIndent();  // to the margin, with two entries left
-  EXPECT_EQ(probe.inConfiguration, 0);
-  probe.inConfiguration = 1;
   probe.popIndent();
-  EXPECT_EQ(probe.indent, 4);
   EXPECT_EQ(probe.inConfiguration, 1);
+  probe.popIndent();
+  EXPECT_EQ(probe.inConfiguration, 0);
 }
 
 TEST(Indentation, ClosingWordsTakeTheLevelOfTheirHead) {

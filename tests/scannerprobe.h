@@ -8,6 +8,14 @@
 #include "scanner/vhdlscanner.h"
 #include "tokendump.h"
 
+/** The case styles belong to the process, not to a scanner. */
+inline void setDefaultCases() {
+  VhdlToken::setAttributeCase(C_UPPERCASE);
+  VhdlToken::setHexCase(C_LOWERCASE);
+  VhdlToken::setIdentCase(C_LOWERCASE);
+  VhdlToken::setKeywordCase(C_UPPERCASE);
+}
+
 class ScannerProbe : public VhdlScanner {
  public:
   static OldList& configList(VhdlScanner& scanner) { return scanner.configList; }

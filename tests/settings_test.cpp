@@ -5,6 +5,7 @@
 #include <fstream>
 #include <iterator>
 #include <map>
+#include <memory>
 #include <string>
 
 #include "confignames.h"
@@ -31,22 +32,8 @@ Settings settingsOf(VhdlScanner& scanner) {
 
 class SettingsTest : public testing::Test {
  protected:
-  SettingsTest() {
-    VhdlScanner scanner;
-    defaults = settingsOf(scanner);
-  }
-  ~SettingsTest() override {
-    restoreStyles();
-    unsetenv("QORNRC");
-  }
-
-  // The case styles belong to the process, not to a scanner.
-  static void restoreStyles() {
-    VhdlToken::setAttributeCase(C_UPPERCASE);
-    VhdlToken::setHexCase(C_LOWERCASE);
-    VhdlToken::setIdentCase(C_LOWERCASE);
-    VhdlToken::setKeywordCase(C_UPPERCASE);
-  }
+  SettingsTest() : defaults(settingsOf(*std::make_unique<VhdlScanner>())) {}
+  ~SettingsTest() override { setDefaultCases(); }
 
   /** The settings that a scanner has after reading, as far as they differ from the defaults. */
   std::string changes(VhdlScanner& scanner) {
@@ -57,17 +44,11 @@ class SettingsTest : public testing::Test {
     return line;
   }
 
-  std::string changesOf(const std::string& text) {
-    restoreStyles();
+  /** What a file changes, or with null the search. */
+  std::string changesBy(const char* file) {
+    setDefaultCases();
     VhdlScanner scanner;
-    EXPECT_EQ(scanner.ReadConfigFile(folder.write("config", text).c_str()), 0);
-    return changes(scanner);
-  }
-
-  std::string changesWith(const char* searched) {
-    (void)(searched == nullptr ? unsetenv("QORNRC") : setenv("QORNRC", searched, 1));
-    VhdlScanner scanner;
-    EXPECT_EQ(scanner.ReadConfigFile(nullptr), 0);
+    EXPECT_EQ(scanner.ReadConfigFile(file), 0);
     return changes(scanner);
   }
 
@@ -76,11 +57,10 @@ class SettingsTest : public testing::Test {
 };
 
 TEST_F(SettingsTest, EachKeyReachesItsSetting) {
-  struct Case {
+  const struct {
     const char* input;
     const char* expected;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"", ""},
       {"ATTRIBUTECASE LOWERCASE", "attributecase=LOWERCASE"},
       {"HEXDIGITS UPPERCASE", "hexcase=UPPERCASE"},
@@ -88,8 +68,6 @@ TEST_F(SettingsTest, EachKeyReachesItsSetting) {
       {"KEYWORDCASE CAPITALIZEAFTERUNDERSCORE", "keywordcase=CAPITALIZEAFTERUNDERSCORE"},
       {"BACKUPFILEEXTENSION '~'", "backupFileExtension=~"},
       {"BLOCKCOMMENTCHARACTERS '#'", "blockCommentCharacters=#"},
-      {"COMMENTSTARTCOLUMN 41", ""},
-      {"COMMENTSTARTCOLUMN 40", "commentColumn=39 commentStartColumn=39"},
       {"COMMENTSTARTCOLUMN 40 COMMENTSTARTCOLUMN", "commentColumn=39 commentStartColumn=39"},
       {"IDENTLENGTH 30", "identLength=30"},
       {"INDENTATION 2", "indentation=2"},
@@ -102,54 +80,25 @@ TEST_F(SettingsTest, EachKeyReachesItsSetting) {
       {"FRAMEBLOCKCOMMENTS TRUE", "frameBlockComments=1"},
       {"KEEPBACKUPFILE FALSE", "keepBackupFile=0"},
       {"TABIFY TRUE", "tabify=1"},
-  };
-  for (const Case& row : cases) EXPECT_EQ(changesOf(row.input), row.expected) << row.input;
-}
-
-TEST_F(SettingsTest, ValuesOfOtherKindsCountAsZero) {
-  struct Case {
-    const char* input;
-    const char* expected;
-  };
-  const Case cases[] = {
-      {"KEYWORDCASE TRUE", "keywordcase=TRUE"},
+      // Values of another kind count as zero.
       {"KEYWORDCASE 5", "keywordcase=0"},
       {"KEEPBACKUPFILE ALWAYS", "keepBackupFile=0"},
       {"TABIFY TRUE TABIFY 'TRUE'", ""},
       {"LINEWIDTH TRUE", "lineWidth=0"},
-      {"TABSIZE '8'", "oldTabsize=0 tabSize=0"},
       {"COMMENTSTARTCOLUMN A", "commentColumn=-1 commentStartColumn=-1"},
       {"COMMENTSTARTCOLUMN 99999999999", "commentColumn=2147483646 commentStartColumn=2147483646"},
       {"BACKUPFILEEXTENSION TRUE", "backupFileExtension="},
+      // Later keys win, unless they have no value.
+      {"BACKUPFILE '1' BACKUPFILE '2' BACKUPFILE", "backupFileExtension=2"},
+      {"STYLE B KEYWORDCASE LOWER TABSIZE 3 TABSIZE 2 TABIFY TRUE STYLE KEYWORDCASE TABSIZE TABIFY",
+       "keywordcase=LOWERCASE oldTabsize=2 style=B tabSize=2 tabify=1"},
+      // These keys have no effect.
+      {"INSERTEDKEYWORDCASE TRUE MINIMUMFIELDWIDTH 3 VERBOSEINTERFACELIST TRUE PARAMETERLIST LIST "
+       "FILEHEADERFILENAME 'x' PACKAGEHEADERFILENAME 'x' PADWITHTABS TRUE ERRORBELL TRUE",
+       ""},
   };
-  for (const Case& row : cases) EXPECT_EQ(changesOf(row.input), row.expected) << row.input;
-}
-
-TEST_F(SettingsTest, LaterKeysWinUnlessTheyHaveNoValue) {
-  EXPECT_EQ(changesOf("LINEWIDTH 60 LINEWIDTH 70"), "lineWidth=70");
-  EXPECT_EQ(changesOf("BACKUPFILE '1' BACKUPFILE '2' BACKUPFILE"), "backupFileExtension=2");
-  EXPECT_EQ(changesOf("STYLE B KEYWORDCASE LOWER TABSIZE 2 TABIFY TRUE LINE 9\n"
-                      "STYLE KEYWORDCASE TABSIZE TABIFY LINE"),
-            "keywordcase=LOWERCASE lineWidth=9 oldTabsize=2 style=B tabSize=2 tabify=1");
-}
-
-TEST_F(SettingsTest, SomeKeysHaveNoEffect) {
-  const char* keys[] = {"INSERTEDKEYWORDCASE",
-                        "MINIMUMFIELDWIDTH",
-                        "VERBOSEINTERFACELIST",
-                        "PARAMETERLIST",
-                        "ARCHITECTUREHEADERFILENAME",
-                        "CONFIGURATIONHEADERFILENAME",
-                        "ENTITYHEADERFILENAME",
-                        "FILEHEADERFILENAME",
-                        "PACKAGEHEADERFILENAME",
-                        "PACKAGEBODYHEADERFILENAME",
-                        "PROCESSHEADERFILENAME",
-                        "SUBPROGRAMHEADERFILENAME",
-                        "PADWITHTABS",
-                        "ERRORBELL"};
-  for (const std::string key : keys) {
-    EXPECT_EQ(changesOf(key + " 3 " + key + " TRUE " + key + " 'x'"), "") << key;
+  for (const auto& row : cases) {
+    EXPECT_EQ(changesBy(folder.write("rc", row.input).c_str()), row.expected) << row.input;
   }
 }
 
@@ -160,33 +109,22 @@ TEST_F(SettingsTest, TheSearchReadsEveryFolderOfItsList) {
   folder.write(longName + "/.qornrc", "IDENTLENGTH 9");
   const std::string a = folder.path("a");
   const std::string b = folder.path("b");
-  const std::string deep = folder.path(longName);
-  struct Case {
+  const struct {
     std::string searched;
     const char* expected;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {"", ""},
       {":::", ""},
       {folder.path(), ""},
-      {a, "lineWidth=60 tabify=1"},
-      {b, "lineWidth=70"},
       {":" + a + "::" + b + ":", "indentation=3 lineWidth=70 tabify=1"},
       {b + ":" + a, "lineWidth=60 tabify=1"},
       {folder.path("missing") + ":" + b, "lineWidth=70"},
-      {deep, "identLength=9"},
+      {folder.path(longName), "identLength=9"},
   };
-  for (const Case& row : cases) EXPECT_EQ(changesWith(row.searched.c_str()), row.expected);
-}
-
-TEST_F(SettingsTest, AMissingNamedFileIsTold) {
-  const std::string missing = folder.path("missing");
-  VhdlScanner scanner;
-  testing::internal::CaptureStderr();
-  EXPECT_EQ(scanner.ReadConfigFile(missing.c_str()), -1);
-  EXPECT_EQ(testing::internal::GetCapturedStderr(),
-            "Error! qorn: " + missing + ": No such file or directory\n");
-  EXPECT_EQ(changes(scanner), "");
+  for (const auto& row : cases) {
+    setenv("QORNRC", row.searched.c_str(), 1);
+    EXPECT_EQ(changesBy(nullptr), row.expected) << row.searched;
+  }
 }
 
 TEST_F(SettingsTest, TheExampleSpellsOutTheDefaults) {

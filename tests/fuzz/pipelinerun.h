@@ -5,14 +5,6 @@
 #include "fuzzing.h"
 #include "scanner/vhdlscanner.h"
 
-/** The case styles belong to the process, not to a scanner. */
-inline void setDefaultCases() {
-  VhdlToken::setAttributeCase(C_UPPERCASE);
-  VhdlToken::setHexCase(C_LOWERCASE);
-  VhdlToken::setIdentCase(C_LOWERCASE);
-  VhdlToken::setKeywordCase(C_UPPERCASE);
-}
-
 /** What the scanner prints for the text; its list stays for inspection. */
 inline std::string formatted(VhdlScanner& scanner, std::string_view text) {
   FILE* const realInput = stdin;

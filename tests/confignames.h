@@ -1,9 +1,12 @@
-// Configuration codes as people read them.
+// Configuration as people read it: codes by their names, keys with their values.
 #ifndef QORN_TESTS_CONFIGNAMES_H
 #define QORN_TESTS_CONFIGNAMES_H
 
 #include <string>
 
+#include "config/configlexer.h"
+#include "config/configtoken.h"
+#include "tokendump.h"
 #include "tokens/tokencodes.h"
 
 /** The name of a configuration code without its prefix; any other number as its digits. */
@@ -17,6 +20,26 @@ inline std::string codeName(int code) {
 #include "tokens/configcodes.def"
     default: return std::to_string(code);
   }
+}
+
+/** "KEY" without a value, else "KEY=WORD", "KEY=12" or "KEY='text'". */
+inline std::string shown(const QornConfigToken& key) {
+  const std::string name = codeName(key.getTyp());
+  int value = -1;
+  key.setCaseType(&value);
+  if (value == -1) return name;
+  if (value != 0) return name + "=" + codeName(value);
+  if (key.getPath()[0] != '\0') return name + "='" + key.getPath() + "'";
+  return name + "=" + std::to_string(key.getInteger());
+}
+
+/** Appends the keys of a text. */
+inline void readConfiguration(OldList& keys, std::string_view text) {
+  const TextStream stream(text);
+  xxin = stream.get();
+  xxname = "text";
+  xxconflist = &keys;
+  (void)xxlex();
 }
 
 #endif

@@ -3,14 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
-#include <map>
 #include <regex>
 #include <set>
 #include <string>
 #include <vector>
 
-#include "config/configlexer.h"
-#include "config/configtoken.h"
 #include "confignames.h"
 #include "programrun.h"
 
@@ -37,19 +34,13 @@ Lines linesBehind(const Lines& lines, const std::string& beginning) {
   return rests;
 }
 
-/** Keys and first values, as the program reads them. */
-std::map<std::string, std::string> settingsIn(const std::string& text) {
-  const TempFolder folder;
+/** Keys with their values, as the program reads them. */
+std::set<std::string> settingsIn(const std::string& text) {
   OldList keys;
-  xxin = std::fopen(folder.write("rc", text).c_str(), "r");
-  xxconflist = &keys;
-  (void)xxlex();
-  std::fclose(xxin);
-  std::map<std::string, std::string> settings;
+  readConfiguration(keys, text);
+  std::set<std::string> settings;
   for (OldListItem* item = keys.getFirst(); item != nullptr; item = keys.getNext()) {
-    const auto* key = static_cast<QornConfigToken*>(item);
-    settings[codeName(key->getTyp())] =
-        codeName(key->getValue()) + " " + std::to_string(key->getInteger()) + " " + key->getPath();
+    settings.insert(shown(*static_cast<QornConfigToken*>(item)));
   }
   return settings;
 }

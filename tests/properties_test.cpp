@@ -45,12 +45,6 @@ TEST(Properties, WordsInAnyPlaceEnd) {
   }
 }
 
-std::string repeated(std::string_view text, int count) {
-  std::string all;
-  while (count-- > 0) all += text;
-  return all;
-}
-
 /** A debug build holds each measure against a walk over the whole line, so that a long line must
     be shorter there. */
 constexpr int longLine =

@@ -47,15 +47,34 @@ inline std::string visible(std::string_view text) {
   return line;
 }
 
+inline std::string repeated(std::string_view text, int count) {
+  std::string all;
+  while (count-- > 0) all += text;
+  return all;
+}
+
+/** A stream that reads the text, which must outlive it. */
+class TextStream {
+ public:
+  explicit TextStream(std::string_view text)
+      : stream(fmemopen(const_cast<char*>(text.data()), text.size(), "r")) {}
+  TextStream(const TextStream&) = delete;
+  TextStream& operator=(const TextStream&) = delete;
+  ~TextStream() { std::fclose(stream); }
+  FILE* get() const { return stream; }
+
+ private:
+  FILE* stream;
+};
+
 /** Reads a source from its first column and appends its tokens. Lines and levels run on. */
 inline void lexInto(OldList& list, std::string_view source, int tabSize = 4) {
-  std::string text(source);
-  yyin = fmemopen(text.data(), text.size(), "r");
+  const TextStream stream(source);
+  yyin = stream.get();
   yytoklist = &list;
   lexColumn = 0;
   YYsetInTabSize(tabSize);
   (void)yylex();
-  std::fclose(yyin);
 }
 
 /** Code and text of every token; the text is left out of line ends, and with `formatted` 1 it is

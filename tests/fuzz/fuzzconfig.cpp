@@ -4,8 +4,7 @@
 #include <iterator>
 
 #include "base/ascii.h"
-#include "config/configlexer.h"
-#include "config/configtoken.h"
+#include "confignames.h"
 #include "fuzzing.h"
 #include "pipelinerun.h"
 #include "scannerprobe.h"
@@ -32,14 +31,6 @@ std::string swapped(std::string_view text) {
   return result;
 }
 
-void readConfiguration(OldList& keys, std::string_view text) {
-  const TextStream stream(text);
-  xxin = stream.get();
-  xxname = "text";
-  xxconflist = &keys;
-  xxlex();
-}
-
 void requireSameKeys(OldList& keys, OldList& others) {
   auto* other = static_cast<QornConfigToken*>(others.getFirst());
   for (auto* item = keys.getFirst(); item != nullptr; item = keys.getNext()) {
@@ -53,6 +44,14 @@ void requireSameKeys(OldList& keys, OldList& others) {
     other = static_cast<QornConfigToken*>(others.getNext());
   }
   require(other == nullptr, "no key is read in one case only");
+}
+
+/** Whatever stands in front, a closed quote and a key on a line of its own come through. */
+void requireKeyBehind(std::string_view text) {
+  OldList keys;
+  readConfiguration(keys, std::string(text) + "\n'\"'\"\nINDENT 3\n");
+  require(shown(static_cast<QornConfigToken&>(*keys.getLast())) == "INDENTATION=3",
+          "no text lasts");
 }
 
 bool isModest(VhdlScanner& scanner) {
@@ -76,6 +75,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   readConfiguration(others, other);
   requireWholeLinks(keys);
   requireSameKeys(keys, others);
+  requireKeyBehind(input);
   require(scanner.ReadConfigFile(nullptr) == 0, "the search has no way to fail");
   if (isModest(scanner)) require(!formatted(scanner, sample).empty(), "there is output");
   return 0;

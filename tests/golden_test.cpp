@@ -8,6 +8,7 @@
 #include <fstream>
 #include <set>
 #include <sstream>
+#include <utility>
 
 #include "programrun.h"
 
@@ -52,25 +53,21 @@ std::string formatCase(const fs::path& stem) {
   return run.out;
 }
 
-std::string withVisibleBlanks(std::string line) {
-  std::ranges::replace(line, ' ', '.');
-  return line + '$';
-}
-
-/** The first line in which two texts differ, or nothing. */
+/** The first line in which two texts differ, with visible blanks, or nothing. */
 std::string firstDifference(const std::string& expected, const std::string& got) {
   if (expected == got) return {};
   std::istringstream left(expected);
   std::istringstream right(got);
-  std::string wanted;
-  std::string found;
   for (int number = 1;; ++number) {
-    const bool isWanted = static_cast<bool>(std::getline(left, wanted));
-    const bool isFound = static_cast<bool>(std::getline(right, found));
-    if (isWanted && isFound && wanted == found) continue;
-    return "line " + std::to_string(number) + "\n  expected " +
-           (isWanted ? withVisibleBlanks(wanted) : "the end") + "\n  got      " +
-           (isFound ? withVisibleBlanks(found) : "the end");
+    std::string wanted;
+    std::string found;
+    for (auto [stream, line] : {std::pair(&left, &wanted), std::pair(&right, &found)}) {
+      const bool isThere = static_cast<bool>(std::getline(*stream, *line));
+      std::ranges::replace(*line, ' ', '.');
+      *line = isThere ? *line + '$' : "the end";
+    }
+    if (left && right && wanted == found) continue;
+    return "line " + std::to_string(number) + "\n  expected " + wanted + "\n  got      " + found;
   }
 }
 

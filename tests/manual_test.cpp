@@ -90,10 +90,8 @@ TEST(ManualTest, DefaultsAreThoseOfTheProgram) {
     isNext = line == "Default:";
     text += '\n';
   }
-  std::string defaults;  // held against the program by a test of the settings
-  for (const std::string& line : linesOf(QORN_SOURCE_DIR "/examples/qornrc")) {
-    defaults += line + '\n';
-  }
+  std::ifstream example(QORN_SOURCE_DIR "/examples/qornrc");  // a test of the settings holds it
+  const std::string defaults{std::istreambuf_iterator<char>(example), {}};  // against the program
   EXPECT_EQ(settingsIn(text), settingsIn(defaults));
 }
 

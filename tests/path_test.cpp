@@ -41,20 +41,13 @@ TEST(PathTest, CleanupTidiesTheText) {
 
 TEST(PathTest, ExecutableTellsWhyNot) {
   const TempFolder folder;
-  const struct {
-    std::string path;
-    int result;
-    int error;
-  } cases[] = {
-      {folder.write("plain", ""), -1, EACCES},
-      {folder.path("missing"), -1, ENOENT},
-      {"/bin/sh", 0, 0},
-  };
-  for (const auto& row : cases) {
-    Path path(row.path.c_str());
-    EXPECT_EQ(path.executable(), row.result) << row.path;
-    if (row.result != 0) EXPECT_EQ(path.getError(), row.error) << row.path;
-  }
+  Path plain(folder.write("plain", "").c_str());
+  EXPECT_EQ(plain.executable(), -1);
+  EXPECT_EQ(plain.getError(), EACCES);
+  Path missing(folder.path("missing").c_str());
+  EXPECT_EQ(missing.executable(), -1);
+  EXPECT_EQ(missing.getError(), ENOENT);
+  EXPECT_EQ(Path("/bin/sh").executable(), 0);
 }
 
 TEST(PathTest, AddcwdTakesDirectoriesOfAnyLengthAndReportsALostOne) {

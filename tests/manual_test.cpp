@@ -5,6 +5,7 @@
 #include <fstream>
 #include <regex>
 #include <set>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -15,15 +16,18 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-Lines linesOf(const std::string& path) {
-  std::ifstream stream(path);
+std::string textOf(const std::string& path) {
+  std::ifstream stream(QORN_SOURCE_DIR + path);
   EXPECT_TRUE(stream) << path;
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+Lines linesOf(const std::string& path) {
+  std::istringstream stream(textOf(path));
   Lines lines;
   for (std::string line; std::getline(stream, line);) lines.push_back(line);
   return lines;
 }
-
-Lines page(const std::string& name) { return linesOf(QORN_SOURCE_DIR "/docs/" + name); }
 
 /** What the page's lines have behind this beginning, in order. */
 Lines linesBehind(const Lines& lines, const std::string& beginning) {
@@ -58,14 +62,14 @@ TEST(ManualTest, OptionsAreThoseOfTheUsageText) {
     for (const char letter : letters) items.push_back(letter + value);
   }
   ASSERT_FALSE(items.empty()) << usage;
-  EXPECT_EQ(linesBehind(page("qorn.1"), ".Op Fl "), synopsis);
-  EXPECT_EQ(linesBehind(page("qorn.1"), ".It Fl "), items);
+  EXPECT_EQ(linesBehind(linesOf("/docs/qorn.1"), ".Op Fl "), synopsis);
+  EXPECT_EQ(linesBehind(linesOf("/docs/qorn.1"), ".It Fl "), items);
 }
 
 TEST(ManualTest, WordsAreThoseOfTheTable) {
   std::set<std::string> told;
   const std::regex word(R"(\b[A-Z]+\b)");
-  for (const std::string& line : page("qornrc.5")) {
+  for (const std::string& line : linesOf("/docs/qornrc.5")) {
     if (!line.starts_with(".Ic ") && !line.starts_with(".It Ic ")) continue;
     for (std::sregex_iterator found(line.begin(), line.end(), word), end; found != end; ++found) {
       told.insert(found->str());
@@ -77,28 +81,31 @@ TEST(ManualTest, WordsAreThoseOfTheTable) {
 #define QORN_VALUE(name, form) forms.insert(form);
 #include "tokens/configcodes.def"
   EXPECT_EQ(told, forms);
+  const std::string document = textOf("/docs/configuration.md");
+  for (const std::string& form : forms) {
+    EXPECT_NE(document.find("`" + form + "`"), std::string::npos) << form;
+  }
 }
 
 TEST(ManualTest, DefaultsAreThoseOfTheProgram) {
   std::string text;
   std::string key;
   bool isNext = false;
-  for (std::string line : page("qornrc.5")) {
+  for (std::string line : linesOf("/docs/qornrc.5")) {
     if (line.starts_with(".It Ic ")) key = line.substr(7, line.find(' ', 7) - 7);
     if (isNext) text += key + " " + std::regex_replace(line.substr(4), std::regex(R"(\\&)"), "");
     if (line.starts_with("Default: ")) text += key + line.substr(8);
     isNext = line == "Default:";
     text += '\n';
   }
-  std::ifstream example(QORN_SOURCE_DIR "/examples/qornrc");  // a test of the settings holds it
-  const std::string defaults{std::istreambuf_iterator<char>(example), {}};  // against the program
-  EXPECT_EQ(settingsIn(text), settingsIn(defaults));
+  // A test of the settings holds the example against the program.
+  EXPECT_EQ(settingsIn(text), settingsIn(textOf("/examples/qornrc")));
 }
 
 TEST(ManualTest, TheReadmeShowsRealOutput) {
   Lines blocks;  // the text of each block of code
   bool isInside = false;
-  for (const std::string& line : linesOf(QORN_SOURCE_DIR "/README.md")) {
+  for (const std::string& line : linesOf("/README.md")) {
     const bool isFence = line.starts_with("```");
     if (isFence && !isInside) blocks.emplace_back();
     if (isFence) isInside = !isInside;

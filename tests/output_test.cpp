@@ -1,4 +1,4 @@
-// The writer: what the pragma comments switch, and blanks as tabs.
+// The writer: blanks as tabs.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -7,46 +7,13 @@
 
 namespace {
 
-struct Case {
-  const char* name;
-  const char* input;
-  const char* expected;
-};
-
-TEST(OutputTest, PragmaCommentsSwitchTextAndLayout) {
-  const Case cases[] = {
-      {"off and on", "use a ;\n  --QORN-OFF\nuse B ;\n  USE b;\n --QORN-ON\n  use c ;\n",
-       "USE a;\n  --QORN-OFF\nuse B ;\n  USE b;\n --QORN-ON\nUSE c;\n"},
-      {"layout alone", "use a ;\n--QORN-INDENT-OFF\n  use B ;\n--QORN-INDENT-ON\n  use C ;\n",
-       "USE a;\n--QORN-INDENT-OFF\n  USE b ;\n--QORN-INDENT-ON\nUSE c;\n"},
-      {"the two are independent",
-       "--QORN-OFF\n--QORN-INDENT-OFF\n  use A ;\n--QORN-ON\n  use B ;\n--QORN-INDENT-ON\n"
-       "  use C ;\n",
-       "--QORN-OFF\n--QORN-INDENT-OFF\n  use A ;\n--QORN-ON\n  USE b ;\n--QORN-INDENT-ON\n"
-       "USE c;\n"},
-      {"line ends that would go, or come",
-       "--QORN-OFF\nuse\n\n\n\na; use b;\n--QORN-ON\nuse c; use d;",
-       "--QORN-OFF\nuse\n\n\n\na; use b;\n--QORN-ON\nUSE c;\nUSE d;\n"},
-      {"both bars, an attribute apart", "--QORN-OFF\na ! b'\n low\n", "--QORN-OFF\na | b'\n low\n"},
-  };
-  const TempFolder folder;
-  for (const Case& row : cases) {
-    EXPECT_EQ(shell(folder, "qorn", row.input).out, row.expected) << row.name;
-  }
-  folder.write("a.vhd", "--QORN-OFF\nuse A ;\n");
-  folder.write("b.vhd", "use B ;\n");
-  EXPECT_EQ(shell(folder, "qorn a.vhd b.vhd; cat b.vhd").out, "USE b;\n")
-      << "a switch holds to the end of its file";
-}
-
 TEST(OutputTest, TurnsBlanksIntoTabs) {
-  struct TabCase {
+  const struct {
     const char* name;
     const char* tabSize;
-    const char* input;  // with the formatting off
-    const char* expected;
-  };
-  const TabCase cases[] = {
+    std::string input;
+    std::string expected;
+  } cases[] = {
       {"off", "4 TABIFY FALSE", "        a        --     x", "        a        --     x"},
       {"four at 0", "4", "    a", "\ta"},
       {"three", "4", "   a", "   a"},
@@ -67,11 +34,12 @@ TEST(OutputTest, TurnsBlanksIntoTabs) {
       {"size 0 acts as 1", "0", "a    b", "a\t\t\t\tb"},
       {"distance beyond any line", "2147483647", "a            b", "a            b"},
   };
-  const TempFolder folder;
-  for (const TabCase& row : cases) {
+  for (const auto& row : cases) {
+    const TempFolder folder;
     folder.write("rc", std::string("TABIFY TRUE TABSIZE ") + row.tabSize + "\n");
-    const ProgramRun run = shell(folder, "qorn -c rc", std::string("--QORN-OFF\n") + row.input);
-    EXPECT_EQ(run.out, std::string("--QORN-OFF\n") + row.expected) << row.name;
+    EXPECT_EQ(shell(folder, "qorn -c rc", "--QORN-OFF\n" + row.input).out,
+              "--QORN-OFF\n" + row.expected)
+        << row.name;
   }
 }
 

@@ -34,6 +34,8 @@ TEST(ProgramTest, RewritesFilesAndKeepsBackups) {
        "a.vhd\nUSE a;\nuse a ;\n", ""},
       {"without backups a symbolic link is followed",
        "ln -s a.vhd l; qorn -c rc l; readlink l; cat a.vhd", 0, "a.vhd\nUSE a;\n", ""},
+      {"what a pragma comment switches holds to the end of its file",
+       "echo --QORN-OFF >b; qorn b a.vhd; cat a.vhd", 0, "USE a;\n", ""},
       {"a hard link keeps the old text", "ln a.vhd h; qorn a.vhd; cat h a.vhd", 0,
        "use a ;\nUSE a;\n", ""},
   });

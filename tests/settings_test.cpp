@@ -2,8 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <fstream>
-#include <iterator>
 #include <map>
 #include <memory>
 #include <string>
@@ -140,18 +138,6 @@ TEST_F(SettingsTest, TheExampleSpellsOutTheDefaults) {
   ASSERT_NE(changes(scanner), "");
   ASSERT_EQ(scanner.ReadConfigFile(example.c_str()), 0);
   EXPECT_EQ(changes(scanner), "");
-}
-
-TEST(ConfigurationDocumentTest, TellsEveryWord) {
-  std::ifstream stream(QORN_SOURCE_DIR "/docs/configuration.md");
-  const std::string text{std::istreambuf_iterator<char>(stream), {}};
-  const char* forms[] = {
-#define QORN_CONFIGCODE(name, code)
-#define QORN_KEY(name, form) "`" form "`",
-#define QORN_VALUE(name, form) "`" form "`",
-#include "tokens/configcodes.def"
-  };
-  for (const char* form : forms) EXPECT_NE(text.find(form), std::string::npos) << form;
 }
 
 }  // namespace

@@ -11,15 +11,6 @@
 
 namespace {
 
-std::string shown(OldList& list) {
-  std::string line;
-  for (auto* item = list.getFirst(); item != nullptr; item = list.getNext()) {
-    if (!line.empty()) line += ' ';
-    line += shown(*static_cast<QornConfigToken*>(item));
-  }
-  return line;
-}
-
 std::string scan(std::string_view text) {
   OldList list;
   readConfiguration(list, text);

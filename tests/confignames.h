@@ -33,6 +33,16 @@ inline std::string shown(const QornConfigToken& key) {
   return name + "=" + std::to_string(key.getInteger());
 }
 
+/** All keys, parted by blanks. Moves the anchor. */
+inline std::string shown(OldList& list) {
+  std::string line;
+  for (auto* item = list.getFirst(); item != nullptr; item = list.getNext()) {
+    if (!line.empty()) line += ' ';
+    line += shown(*static_cast<QornConfigToken*>(item));
+  }
+  return line;
+}
+
 /** Appends the keys of a text. */
 inline void readConfiguration(OldList& keys, std::string_view text) {
   const TextStream stream(text);

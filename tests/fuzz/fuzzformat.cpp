@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <array>
 
-#include "base/ascii.h"
 #include "fuzzing.h"
 #include "pipelinerun.h"
 #include "scannerprobe.h"
@@ -75,11 +74,6 @@ void configure(VhdlScanner& scanner, std::string_view header) {
 }
 
 // --- Properties ---
-
-std::string folded(std::string text) {
-  std::ranges::transform(text, text.begin(), asciiUpper);
-  return text;
-}
 
 /** The words of a comment, without the marks and fillers that reflowing adds and takes away. */
 void addWords(std::string& words, std::string_view comment, std::string_view mark) {

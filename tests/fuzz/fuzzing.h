@@ -4,6 +4,7 @@
 #ifndef QORN_TESTS_FUZZ_FUZZING_H
 #define QORN_TESTS_FUZZ_FUZZING_H
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -12,6 +13,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/ascii.h"
 #include "tokendump.h"
 #include "tokens/tabs.h"
 #include "tokens/vhdltoken.h"
@@ -71,6 +73,13 @@ inline std::vector<Lexed> lexed(std::string_view text, int tabSize = 4) {
     tokens.push_back({token.getTyp(), std::string(token.viewText(0))});
   }
   return tokens;
+}
+
+/** The text with its ASCII letters in one case. */
+inline std::string folded(std::string_view text) {
+  std::string result(text);
+  std::ranges::transform(result, result.begin(), asciiUpper);
+  return result;
 }
 
 /** The text without the characters. */

@@ -1,4 +1,4 @@
-// Token lists as people read them: one line, such as "IDENTIFIER(x) ATTRIBUTE_NAME('active) EOF".
+// From sources to token lists, and back to what people read.
 #ifndef QORN_TESTS_TOKENDUMP_H
 #define QORN_TESTS_TOKENDUMP_H
 
@@ -75,21 +75,6 @@ inline void lexInto(OldList& list, std::string_view source, int tabSize = 4) {
   lexColumn = 0;
   YYsetInTabSize(tabSize);
   (void)yylex();
-}
-
-/** Code and text of every token; the text is left out of line ends, and with `formatted` 1 it is
-    what is printed. Moves the anchor. */
-inline std::string dump(OldList& list, int formatted = 0) {
-  std::string line;
-  for (OldListItem* item = list.getFirst(); item != nullptr; item = list.getNext()) {
-    const auto* token = static_cast<VhdlToken*>(item);
-    const std::string text = visible(token->viewText(formatted));
-    if (!line.empty()) line += ' ';
-    line += tokenName(token->getTyp());
-    const bool plainNewline = token->getTyp() == T_NEWLINE && text == "\\n";
-    if (!text.empty() && !plainNewline) line += "(" + text + ")";
-  }
-  return line;
 }
 
 #endif

@@ -25,17 +25,11 @@ TEST(CommentText, AlignComment) {
     const char* framed;  // null: the same
   } cases[] = {
       {"a line", "----", 0, "--------------------", nullptr},
-      {"a line further right", "----", 15, "-----", nullptr},
-      {"a line of equals signs", "--====", 4, "--==============", nullptr},
       {"a bare mark", "--", 0, "--", nullptr},
       {"a filled title", "-- Title ======", 0, "-- Title ===========", nullptr},
-      {"a framed title", "-- Title --", 0, "-- Title", "-- Title          --"},
-      {"no blank before the pair", "-- Title--", 0, "-- Title", "-- Title          --"},
       {"stars stay", "-- Title **", 2, "-- Title**", "-- Title        **"},
-      {"three of them", "-- Title ===", 0, "-- Title ===", "-- Title =        =="},
       {"nothing inside", "--  --", 0, "--", "--                --"},
       {"stars behind the mark", "--**", 0, "--**", "--                **"},
-      {"of two kinds", "-- Title -=", 0, "-- Title -=", nullptr},
       {"of no frame character", "-- Title ##", 0, "-- Title ##", nullptr},
       {"as wide as the line", "-- Titled and all --", 0, "-- Titled and all",
        "-- Titled and all --"},
@@ -89,16 +83,12 @@ TEST(CommentText, StripComment) {
     const char* expected;
     const char* rest;  // null: the comment stays whole
   } cases[] = {
-      {"it fits", "-- one two three fou", 0, "-- one two three fou", nullptr},
       {"at the last blank", "-- one two three four", 0, "-- one two three", "-- four"},
       {"a blank just behind the margin", "-- one two three fou r", 0, "-- one two three fou",
        "-- r"},
-      {"further right", "-- one two three four", 5, "-- one two", "-- three four"},
       {"of several blanks the last", "-- one two three  four", 0, "-- one two three ", "-- four"},
-      {"with a pair", "-- one two three four ==", 0, "-- one two three ==", "-- four =="},
       {"a pair that gives way", "-- one two three    ----------", 0, "-- one two three  --",
        nullptr},
-      {"one long word", "-- word-without-any-place", 0, "-- word-without-any-place", nullptr},
       {"a blank behind the mark's", "--  word-without-any-place", 0, "-- ",
        "-- word-without-any-place"},
       {"another mark", "--! one two three four", 0, "--! one two three", "-- four"},

@@ -61,6 +61,7 @@ TEST(CommentText, TrimmComment) {
       {"a filled title", "-- Title =====================", "==", 0, "-- Title ==========="},
       {"a title beyond the margin", "-- A longer title xyz   ==", "==", 0,
        "-- A longer title xyz =="},
+      {"and without a blank", "-- A longer title xyz==", "==", 0, "-- A longer title xyz=="},
       {"a title that ends in the last columns", "-- A longer title    **", "**", 0,
        "-- A longer title **"},
       {"it fits", "-- Title    --", "--", 0, "-- Title    --"},

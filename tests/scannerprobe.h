@@ -103,17 +103,15 @@ class ScannerProbe : public VhdlScanner {
   using VhdlScanner::Format;              using VhdlScanner::getColumn;
   using VhdlScanner::inConfiguration;     using VhdlScanner::indent;
   using VhdlScanner::indentation;         using VhdlScanner::IndentLine;
-  using VhdlScanner::indentUnlessLabelled;using VhdlScanner::KeepIndentation;
-  using VhdlScanner::LineBreak;           using VhdlScanner::LookForward;
-  using VhdlScanner::nextIs;              using VhdlScanner::nextIsComment;
-  using VhdlScanner::popIndent;           using VhdlScanner::popTokenIndent;
+  using VhdlScanner::KeepIndentation;     using VhdlScanner::LineBreak;
+  using VhdlScanner::LookForward;         using VhdlScanner::nextIs;
+  using VhdlScanner::nextIsComment;       using VhdlScanner::popIndent;
   using VhdlScanner::prevIs;              using VhdlScanner::prevIsLabel;
-  using VhdlScanner::prevIsNewline;       using VhdlScanner::setIdentifierIndent;
-  using VhdlScanner::setIndent;           using VhdlScanner::setNextNewline;
-  using VhdlScanner::setNextSpaces;       using VhdlScanner::setPrevNewline;
-  using VhdlScanner::setPrevSpaces;       using VhdlScanner::setTokenIndent;
-  using VhdlScanner::singleSpace;         using VhdlScanner::statementClosed;
-  using VhdlScanner::StatementClosed;
+  using VhdlScanner::prevIsNewline;       using VhdlScanner::setIndent;
+  using VhdlScanner::setNextNewline;      using VhdlScanner::setNextSpaces;
+  using VhdlScanner::setPrevNewline;      using VhdlScanner::setPrevSpaces;
+  using VhdlScanner::setTokenIndent;      using VhdlScanner::singleSpace;
+  using VhdlScanner::statementClosed;     using VhdlScanner::StatementClosed;
   // clang-format on
 };
 

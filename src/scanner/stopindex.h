@@ -24,7 +24,7 @@
 constexpr int severalEntries = 2;  // more are never counted
 
 /** The words of an interface list that claim columns, which all its entries then keep free. */
-enum WordKind : int { MODE_WORD, CLASS_WORD };
+enum WordKind : unsigned { MODE_WORD, CLASS_WORD };
 
 /** Columns that a word of that kind claims, itself and one blank; 0 for all other tokens. */
 [[nodiscard]] int wordWidth(WordKind kind, int typ);

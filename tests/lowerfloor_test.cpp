@@ -160,6 +160,7 @@ TEST(LowerFloor, Neighbours) {
 TEST(LowerFloor, Columns) {
   check({
       {"from the line's start", "a\n  bc d", "d column?", "5"},
+      {"behind a column of the source that was asked for", "a bc d", "bc source? d source?", "2 5"},
       {"an emptied line end is in the source", "ab\n c", "$ empty c column? source?", "3 1"},
       {"so are blanks of another width", "ab   c", "c prev=7 column? source?", "9 5"},
       {"a line end of the formatter's is not", "ab c", "c prevLine column? source?", "0 3"},
@@ -185,6 +186,7 @@ TEST(LowerFloor, Places) {
       {"any line end in between", "a : t\n:= 2", "$ empty := context?", none},
       {"a comma in between", "a : t (b, c) := 2", ":= context?", none},
       {"a descending range in between", "a : t (7 downto 0) := 2", ":= context?", none},
+      {"at the head of the text", "a := 2", ":= context?", none},
   });
 }
 

@@ -28,6 +28,7 @@ TEST(PathTest, CleanupTidiesTheText) {
       {"/a/.hidden/..b/c..", "/a/.hidden/..b/c.."},
       {"/a//../../b/./c", "/a//../../b/./c"},  // more steps up than levels
       {"a/../b", "a/../b"},
+      {"a/..", "a/.."},
       {"/.", ""},
       {"/", ""},
       {"", ""},

@@ -65,6 +65,7 @@ TEST(Properties, NoInputIsTooDeepOrTooLong) {
       {"branches", repeated("if a then ", 100000) + repeated("end if; ", 100000), 0},
       {"surplus ends", repeated("end; ", 100000), 4},
       {"an open list", "entity e is port (" + repeated("a : bit; ", longLine / 10), 4},
+      {"open lists in each other", repeated("procedure p (signal a, b : in c; ", longLine / 10), 4},
       {"a table", "a <= (" + repeated("1, ", longLine) + "1);", 4},
       {"comments", repeated("-- a comment\n", 1000000), 4},
       {"a comment", "-- " + repeated("word ", 2000000), 4},

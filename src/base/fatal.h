@@ -1,4 +1,4 @@
-// The one way to end the run from inside: a fault that no caller can mend, such as exhausted memory
+// How a fault ends the run from inside: one that no caller can mend, such as exhausted memory
 // or an input that fails while it is read.
 #ifndef QORN_BASE_FATAL_H
 #define QORN_BASE_FATAL_H

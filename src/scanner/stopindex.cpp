@@ -55,6 +55,7 @@ void StopIndex::Summary::include(const Summary& other) {
   lowestComma = std::min(lowestComma, other.lowestComma);
   lowestClose = std::min(lowestClose, other.lowestClose);
   hasEnd = hasEnd || other.hasEnd;
+  hasNameEnd = hasNameEnd || other.hasNameEnd;
   larger(widest, other.widest);
   larger(longest, other.longest);
 }
@@ -101,7 +102,6 @@ void StopIndex::build(const OldListRefItem* cursor) {
   }
   place.node = nullptr;
   stops.push_back(place);
-  linkNameEnds();
   awaited = stops.front().node;
 }
 
@@ -114,7 +114,8 @@ StopIndex::Summary StopIndex::summarize(const Stop& stop, const Stop& nameStart)
   if (typ == T_RPAREN) summary.lowestClose = level;
   summary.hasEnd = typ == T_END;
   summary.widest = wordWidths[typ];
-  if (endsName(typ) && typ != T_SEMICOLON) {
+  summary.hasNameEnd = endsName(typ);
+  if (summary.hasNameEnd && typ != T_SEMICOLON) {
     for (std::size_t i = 0; i < classColumns.size(); ++i) {
       summary.longest[i] = nameLength(0, nameStart, stop, classColumns[i]);
     }
@@ -128,14 +129,6 @@ int StopIndex::nameLength(long long columns, const Stop& from, const Stop& to,
   columns += static_cast<long long>(classColumn) * (to.classWords - from.classWords);
   const int length = heldInRange(columns);
   return length <= longestCounted ? length : 0;
-}
-
-void StopIndex::linkNameEnds() {
-  std::size_t nameEnd = stops.size() - 1;
-  for (std::size_t i = stops.size() - 1; i-- > 0;) {
-    if (endsName(typAt(stops[i].node))) nameEnd = i;
-    stops[i].nameEnd = static_cast<std::uint32_t>(nameEnd);
-  }
 }
 
 // --- The way of the cursor ---
@@ -195,7 +188,8 @@ std::vector<OldListRefItem*> StopIndex::wordsToSet(int level, WordKind kind) {
 
 int StopIndex::longestName(const OldListRefItem* cursor, int level, int classColumn) const {
   const std::size_t end = listEnd(level);
-  const std::size_t first = stops[next].nameEnd;
+  const std::size_t first =
+      summaries.findFirst(next, [](const Summary& summary) { return summary.hasNameEnd; });
   if (first >= end) return 0;
   long long columns = 0;  // before the next stop
   for (const auto* node = cursor->getNext(); node != stops[next].node; node = node->getNext()) {

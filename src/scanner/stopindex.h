@@ -79,7 +79,6 @@ class StopIndex {
     // Of the names and parts of names before it: columns but for class words, number of these.
     long long columns;
     int classWords;
-    std::uint32_t nameEnd = 0;  // the first stop from this one on that ends a name
   };
   /** What stands in a stretch. */
   struct Summary {
@@ -87,6 +86,7 @@ class StopIndex {
     int lowestComma = INT_MAX;      // level
     int lowestClose = INT_MAX;      // level
     bool hasEnd = false;
+    bool hasNameEnd = false;
     std::array<std::int16_t, 2> widest{};            // word, by its kind
     std::array<int, classColumns.size()> longest{};  // name, by the columns of class words
     void include(const Summary& other);
@@ -100,7 +100,6 @@ class StopIndex {
   Summary summarize(const Stop& stop, const Stop& nameStart) const;
   /** The length of a name between two stops; 0 if it is too long to count. */
   int nameLength(long long columns, const Stop& from, const Stop& to, int classColumn) const;
-  void linkNameEnds();
   std::size_t listEnd(int level) const;
 
   std::vector<Stop> stops;       // in the order of the list, closed by an entry without a node

@@ -1,13 +1,11 @@
 // Reads standard input into tokens and writes them out without a pass between: what any formatting
 // costs at least. bench/run counts its instructions.
 #include "scannerprobe.h"
-#include "tokens/vhdllexer.h"
 
 int main() {
   static ScannerProbe& scanner = *new ScannerProbe;  // goes with the process, as the program's does
-  yyin = stdin;
-  yytoklist = &scanner.list();
-  yylex();
+  scanner.readInput();
+  scanner.startLex();
   scanner.list().addItemFirst(new VhdlToken(T_NEWLINE, 0, 0, "\n"));  // is not written
   scanner.Print(stdout);
 }

@@ -13,7 +13,7 @@ namespace {
 
 std::string scan(std::string_view text) {
   OldList list;
-  readConfiguration(list, text);
+  xxlex(text, list);
   return shown(list);
 }
 
@@ -112,21 +112,9 @@ TEST(ConfigLexerTest, QuotesHoldTextAndHashesComments) {
 
 TEST(ConfigLexerTest, FilesAddUpToOneList) {
   OldList list;
-  readConfiguration(list, "TABSIZE 8\nLINEWIDTH");
-  readConfiguration(list, "100 TABSIZE 4");
+  xxlex("TABSIZE 8\nLINEWIDTH", list);
+  xxlex("100 TABSIZE 4", list);
   EXPECT_EQ(shown(list), "TABSIZE=8 LINEWIDTH=100 TABSIZE=4");
-}
-
-TEST(ConfigLexerTest, ReadErrorIsFatalAndNamed) {
-  const auto readFolder = [] {
-    OldList list;
-    xxin = std::fopen("/", "r");
-    xxname = "/etc/folder";
-    xxconflist = &list;
-    xxlex();
-  };
-  EXPECT_EXIT(readFolder(), testing::ExitedWithCode(2),
-              "^Error! qorn: /etc/folder: Is a directory\n$");
 }
 
 // A rule that scanned to the end of the file at every place would take hours here.

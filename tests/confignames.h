@@ -43,13 +43,4 @@ inline std::string shown(OldList& list) {
   return line;
 }
 
-/** Appends the keys of a text. */
-inline void readConfiguration(OldList& keys, std::string_view text) {
-  const TextStream stream(text);
-  xxin = stream.get();
-  xxname = "text";
-  xxconflist = &keys;
-  (void)xxlex();
-}
-
 #endif

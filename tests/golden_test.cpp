@@ -1,15 +1,19 @@
 // Whole outputs. Each golden/ROOM/CASE.vhd is formatted by the built program and compared with
 // CASE.out, with the configuration CASE.rc and the arguments of CASE.args where they exist; so is
 // each further CASE.WAY.rc or CASE.WAY.args of the same source, with CASE.WAY.out. The environment
-// variable QORN_UPDATE_GOLDEN rewrites the expected outputs.
+// variable QORN_UPDATE_GOLDEN rewrites the expected outputs. The library gets the same texts, in
+// one process and in any order.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <fstream>
+#include <random>
 #include <set>
 #include <sstream>
 #include <utility>
 
+#include "config/settings.h"
+#include "fmt/formattext.h"
 #include "programrun.h"
 
 namespace {
@@ -39,18 +43,34 @@ fs::path withExtension(const fs::path& stem, const char* extension) {
   return stem.string() + extension;
 }
 
+std::string sourceOf(const fs::path& stem) {
+  const fs::path source = withExtension(stem, ".vhd");
+  return readFile(fs::exists(source) ? source : fs::path(stem).replace_extension(".vhd"));
+}
+
 /** What the program prints of the case; its own output, and nothing else, is expected. */
 std::string formatCase(const fs::path& stem) {
   const fs::path configuration = withExtension(stem, ".rc");
   std::string command = "qorn ";
   if (fs::exists(configuration)) command += "-c '" + configuration.string() + "' ";
   command += readFile(withExtension(stem, ".args"));
-  fs::path source = withExtension(stem, ".vhd");
-  if (!fs::exists(source)) source = fs::path(stem).replace_extension(".vhd");
-  const ProgramRun run = shell(TempFolder(), command, readFile(source));
+  const ProgramRun run = shell(TempFolder(), command, sourceOf(stem));
   EXPECT_EQ(run.status, 0);
   EXPECT_EQ(run.err, "");
   return run.out;
+}
+
+/** The same by the library. */
+std::string formatCaseInProcess(const fs::path& stem) {
+  const std::string configuration = readFile(withExtension(stem, ".rc"));
+  const std::string_view text = configuration;
+  Settings settings = makeSettings({&text, 1});
+  std::istringstream arguments(readFile(withExtension(stem, ".args")));
+  for (std::string argument; arguments >> argument;) {
+    if (argument == "-k") settings.keepIndentation = 1;
+    if (argument == "-t") arguments >> settings.oldTabsize;
+  }
+  return formatText(sourceOf(stem), settings);
 }
 
 /** The first line in which two texts differ, with visible blanks, or nothing. */
@@ -86,6 +106,17 @@ TEST(Golden, EveryCasePrintsItsOutput) {
     } else {
       EXPECT_EQ(firstDifference(readFile(expected), output), "");
     }
+  }
+}
+
+TEST(Golden, TheLibraryPrintsTheSameWhateverCameBefore) {
+  const std::set<fs::path> cases = findCases();
+  std::vector<fs::path> order(cases.begin(), cases.end());
+  order.insert(order.end(), cases.begin(), cases.end());
+  std::ranges::shuffle(order, std::minstd_rand(testing::UnitTest::GetInstance()->random_seed()));
+  for (const fs::path& stem : order) {
+    EXPECT_EQ(firstDifference(readFile(withExtension(stem, ".out")), formatCaseInProcess(stem)), "")
+        << stem;
   }
 }
 

@@ -227,16 +227,17 @@ std::string places(OldList& list, const VhdlToken& start) {
 
 TEST(LexerTest, LinesAndLevelsRunOnFromFileToFile) {
   OldList lists[4];
-  lexInto(lists[0], "");
+  LexState state;
+  lexInto(lists[0], "", state);
   const auto& start = *static_cast<VhdlToken*>(lists[0].getFirst());
-  lexInto(lists[1], "a([b\n(c))(\n'\nlow;");
+  lexInto(lists[1], "a([b\n(c))(\n'\nlow;", state);
   EXPECT_EQ(places(lists[1], start),
             "IDENTIFIER:0/0 LPAREN:0/1 LBRACKET:0/1 IDENTIFIER:0/1 NEWLINE:0/1 LPAREN:1/2 "
             "IDENTIFIER:1/2 RPAREN:1/2 RPAREN:1/1 LPAREN:1/1 NEWLINE:1/1 ATTRIBUTE_NAME:2/1 "
             "SEMICOLON:2/1 EOF:2/1 ");
-  lexInto(lists[2], "))\n)");
+  lexInto(lists[2], "))\n)", state);
   EXPECT_EQ(places(lists[2], start), "RPAREN:2/1 RPAREN:2/0 NEWLINE:2/-1 RPAREN:3/-1 EOF:3/-2 ");
-  lexInto(lists[3], "((");
+  lexInto(lists[3], "((", state);
   EXPECT_EQ(places(lists[3], start), "LPAREN:3/-1 LPAREN:3/0 EOF:3/0 ");
 }
 

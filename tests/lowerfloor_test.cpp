@@ -31,7 +31,7 @@ const std::map<std::string, void (*)(Probe& probe, int count)> acts = {
     {"stampIndent", [](Probe& s, int) { s.setTokenIndent(); }},
     {"close", [](Probe& s, int) { s.StatementClosed(); }},
     {"configure", [](Probe& s, int) { s.inConfiguration = 1; }},
-    {"steps", [](Probe& s, int columns) { s.indentation = columns; }},
+    {"steps", [](Probe& s, int columns) { s.settings.indentation = columns; }},
     {"keep", [](Probe& s, int) { s.KeepIndentation(); }},
 };
 

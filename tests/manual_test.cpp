@@ -41,7 +41,7 @@ Lines linesBehind(const Lines& lines, const std::string& beginning) {
 /** Keys with their values, as the program reads them. */
 std::set<std::string> settingsIn(const std::string& text) {
   OldList keys;
-  readConfiguration(keys, text);
+  xxlex(text, keys);
   std::set<std::string> settings;
   for (OldListItem* item = keys.getFirst(); item != nullptr; item = keys.getNext()) {
     settings.insert(shown(*static_cast<QornConfigToken*>(item)));

@@ -13,7 +13,7 @@ std::string essence(ScannerProbe& probe, int formatted) {
   for (probe.list().getFirst(); probe.token() != nullptr; probe.list().getNext()) {
     const bool isComment = probe.token()->getTyp() == T_COMMENT;
     const std::string_view dropped = isComment ? " \t\v\f-=*" : " \t\n\v\f";
-    for (const char letter : probe.token()->getCaseText(formatted, formatted)) {
+    for (const char letter : probe.token()->viewText(formatted)) {
       if (dropped.find(letter) == dropped.npos) text += asciiUpper(letter);
     }
   }
@@ -22,7 +22,7 @@ std::string essence(ScannerProbe& probe, int formatted) {
 
 void expectNothingLost(std::string_view text, int indentation = 4) {
   ScannerProbe probe;
-  probe.indentation = indentation;
+  probe.settings.indentation = indentation;
   probe.scan(text);
   const std::string source = essence(probe, 0);
   probe.runPasses();

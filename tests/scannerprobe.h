@@ -8,58 +8,22 @@
 #include "scanner/vhdlscanner.h"
 #include "tokendump.h"
 
-/** The case styles belong to the process, not to a scanner. */
-inline void setDefaultCases() {
-  VhdlToken::setAttributeCase(C_UPPERCASE);
-  VhdlToken::setHexCase(C_LOWERCASE);
-  VhdlToken::setIdentCase(C_LOWERCASE);
-  VhdlToken::setKeywordCase(C_UPPERCASE);
-}
-
 class ScannerProbe : public VhdlScanner {
  public:
-  static OldList& configList(VhdlScanner& scanner) { return scanner.configList; }
-  static OldList& tokenList(VhdlScanner& scanner) { return scanner.tokenList; }
+  using VhdlScanner::VhdlScanner;
 
-  struct Number {
-    const char* name;
-    int VhdlScanner::*member;
-  };
-  /** What configuration and options set. */
-  static constexpr Number numbers[] = {
-      {"associationList", &VhdlScanner::associationList},
-      {"commentColumn", &VhdlScanner::commentColumn},
-      {"commentStartColumn", &VhdlScanner::commentStartColumn},
-      {"extendComments", &VhdlScanner::extendComments},
-      {"frameBlockComments", &VhdlScanner::frameBlockComments},
-      {"identLength", &VhdlScanner::identLength},
-      {"indentation", &VhdlScanner::indentation},
-      {"interfaceIdentifierList", &VhdlScanner::interfaceIdentifierList},
-      {"keepBackupFile", &VhdlScanner::keepBackupFile},
-      {"lineWidth", &VhdlScanner::lineWidth},
-      {"minimumFieldWidth", &VhdlScanner::minimumFieldWidth},
-      {"oldTabsize", &VhdlScanner::oldTabsize},
-      {"style", &VhdlScanner::style},
-      {"tabSize", &VhdlScanner::tabSize},
-      {"tabify", &VhdlScanner::tabify},
-  };
-  static const char* backupFileExtension(VhdlScanner& scanner) {
-    return scanner.backupFileExtension;
-  }
-  static const char* blockCommentCharacters(VhdlScanner& scanner) {
-    return scanner.blockCommentCharacters;
-  }
+  static OldList& tokenList(VhdlScanner& scanner) { return scanner.tokenList; }
 
   // --- Fixtures: the list in hand ---
 
   /** Reads a source to the end of the list; the anchor is on the first token. */
   void scan(std::string_view source) {
-    lexInto(list(), source);
+    lexInto(list(), source, lexState);
     list().getFirst();
   }
   /** What follows the lexer, as for a file. */
   void runPasses() {
-    if (keepIndentation == 1) KeepIndentation();
+    if (settings.keepIndentation == 1) KeepIndentation();
     Format();
     LineBreak();
   }
@@ -102,7 +66,7 @@ class ScannerProbe : public VhdlScanner {
   using VhdlScanner::deleteNewline;       using VhdlScanner::determineContext;
   using VhdlScanner::Format;              using VhdlScanner::getColumn;
   using VhdlScanner::inConfiguration;     using VhdlScanner::indent;
-  using VhdlScanner::indentation;         using VhdlScanner::IndentLine;
+  using VhdlScanner::IndentLine;          using VhdlScanner::readInput;
   using VhdlScanner::KeepIndentation;     using VhdlScanner::LineBreak;
   using VhdlScanner::LookForward;         using VhdlScanner::nextIs;
   using VhdlScanner::nextIsComment;       using VhdlScanner::popIndent;
@@ -110,7 +74,8 @@ class ScannerProbe : public VhdlScanner {
   using VhdlScanner::prevIsNewline;       using VhdlScanner::setIndent;
   using VhdlScanner::setNextNewline;      using VhdlScanner::setNextSpaces;
   using VhdlScanner::setPrevNewline;      using VhdlScanner::setPrevSpaces;
-  using VhdlScanner::setTokenIndent;      using VhdlScanner::singleSpace;
+  using VhdlScanner::settings;            using VhdlScanner::setTokenIndent;
+  using VhdlScanner::singleSpace;         using VhdlScanner::startLex;
   using VhdlScanner::statementClosed;     using VhdlScanner::StatementClosed;
   // clang-format on
 };

@@ -3,104 +3,89 @@
 
 #include <cstdlib>
 #include <map>
-#include <memory>
 #include <string>
 
+#include "config/configfiles.h"
+#include "config/settings.h"
 #include "confignames.h"
-#include "scannerprobe.h"
 #include "tempfolder.h"
 
 namespace {
 
-using Settings = std::map<std::string, std::string>;
-
-Settings settingsOf(VhdlScanner& scanner) {
-  Settings settings;
-  for (const auto& [name, member] : ScannerProbe::numbers) {
-    settings[name] = codeName(scanner.*member);
+/** The value of each key, and the tab size of the input, which shares one. */
+std::map<std::string, std::string> valuesOf(const Settings& settings) {
+  std::map<std::string, std::string> values;
+  for (const Setting& row : settingTable()) {
+    std::string& value = values[codeName(row.key)];
+    if (row.kind == SETTING_CASE) value = codeName(settings.caseStyles.ofGroup(row.group));
+    if (row.number != nullptr) value = codeName(settings.*row.number);
+    if (row.text != nullptr) value = (settings.*row.text).get();
   }
-  settings["attributecase"] = codeName(VhdlToken::getAttributeCase());
-  settings["hexcase"] = codeName(VhdlToken::getHexCase());
-  settings["identcase"] = codeName(VhdlToken::getIdentCase());
-  settings["keywordcase"] = codeName(VhdlToken::getKeywordCase());
-  settings["backupFileExtension"] = ScannerProbe::backupFileExtension(scanner);
-  settings["blockCommentCharacters"] = ScannerProbe::blockCommentCharacters(scanner);
-  return settings;
+  values["oldTabsize"] = codeName(settings.oldTabsize);
+  return values;
 }
 
-class SettingsTest : public testing::Test {
- protected:
-  SettingsTest() : defaults(settingsOf(*std::make_unique<VhdlScanner>())) {}
-  ~SettingsTest() override { setDefaultCases(); }
-
-  /** The settings that a scanner has after reading, as far as they differ from the defaults. */
-  std::string changes(VhdlScanner& scanner) {
-    std::string line;
-    for (const auto& [name, value] : settingsOf(scanner)) {
-      if (value != defaults[name]) line += (line.empty() ? "" : " ") + name + "=" + value;
-    }
-    return line;
+/** The settings as far as they differ from the defaults. */
+std::string changes(const Settings& settings) {
+  std::map<std::string, std::string> defaults = valuesOf(Settings());
+  std::string line;
+  for (const auto& [name, value] : valuesOf(settings)) {
+    if (value != defaults[name]) line += (line.empty() ? "" : " ") + name + "=" + value;
   }
+  return line;
+}
 
-  /** What a file changes, or with null the search. */
-  std::string changesBy(const char* file) {
-    setDefaultCases();
-    VhdlScanner scanner;
-    EXPECT_EQ(scanner.ReadConfigFile(file), 0);
-    return changes(scanner);
-  }
+/** What a text changes. */
+std::string changesBy(std::string_view text) { return changes(makeSettings({&text, 1})); }
 
-  Settings defaults;
-  TempFolder folder;
-};
-
-TEST_F(SettingsTest, EachKeyReachesItsSetting) {
+TEST(SettingsTest, EachKeyReachesItsSetting) {
   const struct {
     const char* input;
     const char* expected;
   } cases[] = {
       {"", ""},
-      {"ATTRIBUTECASE LOWERCASE", "attributecase=LOWERCASE"},
-      {"HEXDIGITS UPPERCASE", "hexcase=UPPERCASE"},
-      {"IDENTIFIERCASE CAPITALIZED", "identcase=CAPITALIZED"},
-      {"KEYWORDCASE CAPITALIZEAFTERUNDERSCORE", "keywordcase=CAPITALIZEAFTERUNDERSCORE"},
-      {"BACKUPFILEEXTENSION '~'", "backupFileExtension=~"},
-      {"BLOCKCOMMENTCHARACTERS '#'", "blockCommentCharacters=#"},
-      {"COMMENTSTARTCOLUMN 40 COMMENTSTARTCOLUMN", "commentColumn=39 commentStartColumn=39"},
-      {"IDENTLENGTH 30", "identLength=30"},
-      {"INDENTATION 2", "indentation=2"},
-      {"LINEWIDTH 100", "lineWidth=100"},
-      {"TABSIZE 8 4", "oldTabsize=8 tabSize=8"},
-      {"ASSOCIATIONLIST LIST", "associationList=LIST"},
-      {"INTERFACEIDENTIFIERLIST VERBOSE", "interfaceIdentifierList=VERBOSE"},
-      {"STYLE B", "style=B"},
-      {"EXTENDCOMMENTS FALSE", "extendComments=0"},
-      {"FRAMEBLOCKCOMMENTS TRUE", "frameBlockComments=1"},
-      {"KEEPBACKUPFILE FALSE", "keepBackupFile=0"},
-      {"TABIFY TRUE", "tabify=1"},
+      {"ATTRIBUTECASE LOWERCASE", "ATTRIBUTECASE=LOWERCASE"},
+      {"HEXDIGITS UPPERCASE", "HEXDIGITS=UPPERCASE"},
+      {"IDENTIFIERCASE CAPITALIZED", "IDENTIFIERCASE=CAPITALIZED"},
+      {"KEYWORDCASE CAPITALIZEAFTERUNDERSCORE", "KEYWORDCASE=CAPITALIZEAFTERUNDERSCORE"},
+      {"BACKUPFILEEXTENSION '~'", "BACKUPFILEEXTENSION=~"},
+      {"BLOCKCOMMENTCHARACTERS '#'", "BLOCKCOMMENTCHARACTERS=#"},
+      {"COMMENTSTARTCOLUMN 40 COMMENTSTARTCOLUMN", "COMMENTSTARTCOLUMN=39"},
+      {"IDENTLENGTH 30", "IDENTLENGTH=30"},
+      {"INDENTATION 2", "INDENTATION=2"},
+      {"LINEWIDTH 100", "LINEWIDTH=100"},
+      {"TABSIZE 8 4", "TABSIZE=8 oldTabsize=8"},
+      {"ASSOCIATIONLIST LIST", "ASSOCIATIONLIST=LIST"},
+      {"INTERFACEIDENTIFIERLIST VERBOSE", "INTERFACEIDENTIFIERLIST=VERBOSE"},
+      {"STYLE B", "STYLE=B"},
+      {"EXTENDCOMMENTS FALSE", "EXTENDCOMMENTS=0"},
+      {"FRAMEBLOCKCOMMENTS TRUE", "FRAMEBLOCKCOMMENTS=1"},
+      {"KEEPBACKUPFILE FALSE", "KEEPBACKUPFILE=0"},
+      {"TABIFY TRUE", "TABIFY=1"},
       // Values of another kind count as zero.
-      {"KEYWORDCASE 5", "keywordcase=0"},
-      {"KEEPBACKUPFILE ALWAYS", "keepBackupFile=0"},
+      {"KEYWORDCASE 5", "KEYWORDCASE=0"},
+      {"KEEPBACKUPFILE ALWAYS", "KEEPBACKUPFILE=0"},
       {"TABIFY TRUE TABIFY 'TRUE'", ""},
-      {"LINEWIDTH TRUE", "lineWidth=0"},
-      {"COMMENTSTARTCOLUMN A", "commentColumn=-1 commentStartColumn=-1"},
-      {"COMMENTSTARTCOLUMN 99999999999", "commentColumn=2147483646 commentStartColumn=2147483646"},
-      {"BACKUPFILEEXTENSION TRUE", "backupFileExtension="},
+      {"LINEWIDTH TRUE", "LINEWIDTH=0"},
+      {"COMMENTSTARTCOLUMN A", "COMMENTSTARTCOLUMN=-1"},
+      {"COMMENTSTARTCOLUMN 99999999999", "COMMENTSTARTCOLUMN=2147483646"},
+      {"BACKUPFILEEXTENSION TRUE", "BACKUPFILEEXTENSION="},
       // Later keys win, unless they have no value.
-      {"BACKUPFILE '1' BACKUPFILE '2' BACKUPFILE", "backupFileExtension=2"},
+      {"BACKUPFILE '1' BACKUPFILE '2' BACKUPFILE", "BACKUPFILEEXTENSION=2"},
       {"STYLE B KEYWORDCASE LOWER TABSIZE 3 TABSIZE 2 TABIFY TRUE STYLE KEYWORDCASE TABSIZE TABIFY",
-       "keywordcase=LOWERCASE oldTabsize=2 style=B tabSize=2 tabify=1"},
+       "KEYWORDCASE=LOWERCASE STYLE=B TABIFY=1 TABSIZE=2 oldTabsize=2"},
       // These keys have no effect.
       {"INSERTEDKEYWORDCASE TRUE MINIMUMFIELDWIDTH 3 VERBOSEINTERFACELIST TRUE PARAMETERLIST LIST "
        "FILEHEADERFILENAME 'x' PACKAGEHEADERFILENAME 'x' PADWITHTABS TRUE ERRORBELL TRUE",
        ""},
   };
   for (const auto& row : cases) {
-    EXPECT_EQ(changesBy(folder.write("rc", row.input).c_str()), row.expected) << row.input;
+    EXPECT_EQ(changesBy(row.input), row.expected) << row.input;
   }
 }
 
-TEST_F(SettingsTest, TheSearchReadsEveryFolderOfItsList) {
+TEST(SettingsTest, TheSearchReadsEveryFolderOfItsList) {
+  const TempFolder folder;
   folder.write("a/.qornrc", "LINEWIDTH 60 TABIFY TRUE INDENTATION");
   folder.write("b/.qornrc", "3 LINEWIDTH 70");  // the number belongs to the last key of a
   const std::string longName = std::string(200, 'x') + "/" + std::string(200, 'y');
@@ -114,30 +99,33 @@ TEST_F(SettingsTest, TheSearchReadsEveryFolderOfItsList) {
       {"", ""},
       {":::", ""},
       {folder.path(), ""},
-      {":" + a + "::" + b + ":", "indentation=3 lineWidth=70 tabify=1"},
-      {b + ":" + a, "lineWidth=60 tabify=1"},
-      {folder.path("missing") + ":" + b, "lineWidth=70"},
-      {folder.path(longName), "identLength=9"},
+      {":" + a + "::" + b + ":", "INDENTATION=3 LINEWIDTH=70 TABIFY=1"},
+      {b + ":" + a, "LINEWIDTH=60 TABIFY=1"},
+      {folder.path("missing") + ":" + b, "LINEWIDTH=70"},
+      {folder.path(longName), "IDENTLENGTH=9"},
   };
   for (const auto& row : cases) {
     setenv("QORNRC", row.searched.c_str(), 1);
-    EXPECT_EQ(changesBy(nullptr), row.expected) << row.searched;
+    Settings settings;
+    EXPECT_EQ(ReadConfigFile(nullptr, settings), 0);
+    EXPECT_EQ(changes(settings), row.expected) << row.searched;
   }
 }
 
-TEST_F(SettingsTest, TheExampleSpellsOutTheDefaults) {
+TEST(SettingsTest, TheExampleSpellsOutTheDefaults) {
   const std::string example = QORN_SOURCE_DIR "/examples/qornrc";
+  const TempFolder folder;
   // Other values first, so that a key that the example lacks shows.
   folder.write("changed",
                "ATTRIBUTECASE ASIS HEXDIGITS ASIS IDENTIFIERCASE ASIS KEYWORDCASE ASIS STYLE B "
                "BACKUPFILE 'x' BLOCKCOMMENT 'x' COMMENTSTART 1 IDENTLENGTH 1 INDENTATION 1 "
                "LINEWIDTH 1 TABSIZE 1 ASSOCIATION LIST INTERFACEIDENTIFIER LIST EXTEND FALSE "
                "FRAME TRUE KEEPBACKUP FALSE TABIFY TRUE");
-  VhdlScanner scanner;
-  ASSERT_EQ(scanner.ReadConfigFile(folder.path("changed").c_str()), 0);
-  ASSERT_NE(changes(scanner), "");
-  ASSERT_EQ(scanner.ReadConfigFile(example.c_str()), 0);
-  EXPECT_EQ(changes(scanner), "");
+  Settings settings;
+  ASSERT_EQ(ReadConfigFile(folder.path("changed").c_str(), settings), 0);
+  ASSERT_NE(changes(settings), "");
+  ASSERT_EQ(ReadConfigFile(example.c_str(), settings), 0);
+  EXPECT_EQ(changes(settings), "");
 }
 
 }  // namespace

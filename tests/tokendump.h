@@ -7,7 +7,6 @@
 #include <string_view>
 
 #include "base/oldlist.h"
-#include "tokens/tabs.h"
 #include "tokens/tokencodes.h"
 #include "tokens/vhdllexer.h"
 #include "tokens/vhdltoken.h"
@@ -53,28 +52,18 @@ inline std::string repeated(std::string_view text, int count) {
   return all;
 }
 
-/** A stream that reads the text, which must outlive it. */
-class TextStream {
- public:
-  explicit TextStream(std::string_view text)
-      : stream(fmemopen(const_cast<char*>(text.data()), text.size(), "r")) {}
-  TextStream(const TextStream&) = delete;
-  TextStream& operator=(const TextStream&) = delete;
-  ~TextStream() { std::fclose(stream); }
-  FILE* get() const { return stream; }
+/** Appends the tokens of a source. Lines and levels run on with the state. */
+inline void lexInto(OldList& list, std::string_view text, LexState& state) {
+  SourceText source;
+  source.set(text);
+  yylex(source, state, list);
+}
 
- private:
-  FILE* stream;
-};
-
-/** Reads a source from its first column and appends its tokens. Lines and levels run on. */
-inline void lexInto(OldList& list, std::string_view source, int tabSize = 4) {
-  const TextStream stream(source);
-  yyin = stream.get();
-  yytoklist = &list;
-  lexColumn = 0;
-  YYsetInTabSize(tabSize);
-  (void)yylex();
+/** The same from line 1, level 0 and column 0. */
+inline void lexInto(OldList& list, std::string_view text, int tabSize = 4) {
+  LexState state;
+  state.tabs.YYsetInTabSize(tabSize);
+  lexInto(list, text, state);
 }
 
 #endif

@@ -34,6 +34,16 @@ TEST(VhdlTokenTest, PrintsItsFormatTextOnceOneWasSet) {
   EXPECT_STREQ(token.getText(1), "");
 }
 
+/** The text in its style, converted in two pieces. */
+std::string converted(CaseText source) {
+  std::string text(source.text.size(), ' ');
+  const std::size_t middle = source.text.size() / 2;
+  convertCase(text.data(), source.text.substr(0, middle), source.style);
+  convertCase(text.data() + middle, source.text.substr(middle), source.style,
+              middle == 0 ? '\0' : source.text[middle - 1]);
+  return text;
+}
+
 TEST(VhdlTokenTest, ConvertsAsciiLettersAlone) {
   const char* const longName = "\\aZ_\xe4\xc4@[`{ and more than fits into the object_x\\";
   const struct {
@@ -56,37 +66,35 @@ TEST(VhdlTokenTest, ConvertsAsciiLettersAlone) {
       {C_CAPITALIZEAFTERUNDERSCORE, "a_very_long_identifier_x", "A_Very_Long_Identifier_X"},
   };
   for (const auto& row : cases) {
-    const VhdlToken token(T_IDENTIFIER, 1, 0, row.input);
-    EXPECT_EQ(token.getUpperLowerText(1, row.style), row.expected) << codeName(row.style);
-    EXPECT_STREQ(token.getText(0), row.input);
+    EXPECT_EQ(converted({row.input, row.style}), row.expected) << codeName(row.style);
   }
 }
 
 /** All tokens as they are printed under the two switches, joined. */
-std::string printed(OldList& list, int formatting, int layout) {
+std::string printed(OldList& list, const CaseStyles& styles, int formatting, int layout) {
   std::string text;
   for (OldListItem* item = list.getFirst(); item != nullptr; item = list.getNext()) {
-    text += static_cast<VhdlToken*>(item)->getCaseText(formatting, layout);
+    text += converted(static_cast<VhdlToken*>(item)->getCaseText(formatting, layout, styles));
   }
   return text;
 }
 
 TEST(VhdlTokenTest, TakesTheStyleOfItsGroupUnlessFormattingIsOff) {
-  VhdlToken::setKeywordCase(C_CAPITALIZED);
-  VhdlToken::setIdentCase(C_UPPERCASE);
-  VhdlToken::setAttributeCase(C_LOWERCASE);
-  VhdlToken::setHexCase(C_UPPERCASE);
+  CaseStyles styles;
+  styles.setGroup(CASE_KEYWORD, C_CAPITALIZED);
+  styles.setGroup(CASE_IDENTIFIER, C_UPPERCASE);
+  styles.setGroup(CASE_ATTRIBUTE, C_LOWERCASE);
+  styles.setGroup(CASE_NUMBER, C_UPPERCASE);
   OldList list;
   const std::string source = "eND \\Ab\\ cD'aCTIVE X\"aB\" 1e3 16#aF#e1 \"sT\" 'h' --qorn-ON x\n";
   const std::string cased = "End \\AB\\ CD'active X\"AB\" 1E3 16#AF#E1 \"sT\" 'h' --qorn-ON x\n";
   lexInto(list, source);
-  EXPECT_EQ(printed(list, 0, 0), source);
-  EXPECT_EQ(printed(list, 1, 1), cased);
+  EXPECT_EQ(printed(list, styles, 0, 0), source);
+  EXPECT_EQ(printed(list, styles, 1, 1), cased);
   static_cast<VhdlToken*>(list.getFirst())->setFormatText("bEGIN");
-  EXPECT_EQ(printed(list, 0, 1), source);
-  EXPECT_EQ(printed(list, 1, 0), cased);
-  EXPECT_EQ(printed(list, 1, 1), "Begin" + cased.substr(3));
-  setDefaultCases();
+  EXPECT_EQ(printed(list, styles, 0, 1), source);
+  EXPECT_EQ(printed(list, styles, 1, 0), cased);
+  EXPECT_EQ(printed(list, styles, 1, 1), "Begin" + cased.substr(3));
 }
 
 TEST(VhdlTokenTest, WrapGravityGrowsWithTheDistance) {

@@ -26,7 +26,7 @@ constexpr auto fewBlanks = [] {
 
 /** That many blanks, `mostSharedBlanks` at the most, closed by a zero. They stay for ever. */
 const char* sharedBlanks(std::size_t count) {
-  static std::array<const char*, std::bit_width(mostSharedBlanks / firstSharedBlanks)> ends{
+  thread_local std::array<const char*, std::bit_width(mostSharedBlanks / firstSharedBlanks)> ends{
       &fewBlanks.back()};  // each of a block twice as long as the one before
   const std::size_t doublings = std::bit_width((count - 1) / firstSharedBlanks);
   if (ends[doublings] == nullptr) {

@@ -1,6 +1,7 @@
 // Storage for the records of a list: millions of small blocks of one size, cut from slabs without
 // an allocation each. Blocks that were given back are taken again before a new slab is; slabs live
-// until the process ends, so a run over many files needs the memory of its largest one.
+// until the process ends, so a run over many files needs the memory of its largest one. Each thread
+// has its own.
 #ifndef QORN_BASE_POOL_H
 #define QORN_BASE_POOL_H
 
@@ -66,10 +67,10 @@ class Pool {
     return slab;
   }
 
-  static inline std::size_t slabSize = 0;  // bytes of the newest
-  static inline char* fresh = nullptr;
-  static inline char* freshEnd = nullptr;
-  static inline Block* freeBlocks = nullptr;
+  static inline thread_local std::size_t slabSize = 0;  // bytes of the newest
+  static inline thread_local char* fresh = nullptr;
+  static inline thread_local char* freshEnd = nullptr;
+  static inline thread_local Block* freeBlocks = nullptr;
 };
 
 #endif

@@ -23,7 +23,10 @@ std::size_t expectedSize(FILE* stream) {
 
 }  // namespace
 
-SourceText::SourceText(FILE* stream, const char* name) {
+SourceText::~SourceText() { std::free(text); }
+
+void SourceText::read(FILE* stream, const char* name) {
+  size = 0;
   reserve(std::max(expectedSize(stream), smallestBlock));
   for (;;) {
     size += std::fread(text + size, 1, capacity - size, stream);
@@ -31,13 +34,23 @@ SourceText::SourceText(FILE* stream, const char* name) {
     if (std::feof(stream) != 0) break;
     if (size == capacity) reserve(2 * capacity);
   }
+  closeText();
+}
+
+void SourceText::set(std::string_view source) {
+  size = source.size();
+  reserve(size);
+  source.copy(text, size);
+  closeText();
+}
+
+void SourceText::closeText() {
   text[size] = '\n';
   std::memset(text + size + 1, '\0', padding);
 }
 
-SourceText::~SourceText() { std::free(text); }
-
 void SourceText::reserve(std::size_t wanted) {
+  if (text != nullptr && capacity >= wanted) return;
   void* wider = std::realloc(text, wanted + 1 + padding);  // grows a large block without a copy
   if (wider == nullptr) outOfMemory();
   text = static_cast<char*>(wider);

@@ -1,4 +1,4 @@
-// The whole text of a stream in memory, for a lexer that looks ahead without asking for the end.
+// A whole source in memory, for a lexer that looks ahead without asking for the end.
 #ifndef QORN_BASE_SOURCETEXT_H
 #define QORN_BASE_SOURCETEXT_H
 
@@ -6,17 +6,21 @@
 #include <cstdio>
 #include <string_view>
 
-/** Owns the text. A line feed and `padding` zeros stand behind the end and don't belong to it. */
+/** Owns the text. A line feed and `padding` zeros stand after the end and don't belong to it. */
 class SourceText {
  public:
   static constexpr std::size_t padding = 16;
 
-  /** Reads the stream from where it stands to its end; it stays open. A read error is fatal, with
-     the name in its message. */
-  SourceText(FILE* stream, const char* name);
+  SourceText() = default;
   SourceText(const SourceText&) = delete;
   SourceText& operator=(const SourceText&) = delete;
   ~SourceText();
+
+  /** Reads the stream from where it stands to its end; it stays open. A read error is fatal, with
+     the name in its message. */
+  void read(FILE* stream, const char* name);
+  /** Takes a copy. */
+  void set(std::string_view source);
 
   const char* begin() const { return text; }
   const char* end() const { return text + size; }
@@ -24,6 +28,7 @@ class SourceText {
 
  private:
   void reserve(std::size_t wanted);
+  void closeText();
 
   char* text = nullptr;
   std::size_t size = 0;

@@ -9,13 +9,8 @@
 #include <string_view>
 
 #include "base/ascii.h"
-#include "base/sourcetext.h"
 #include "config/configtoken.h"
 #include "tokens/tokencodes.h"
-
-FILE* xxin = nullptr;
-const char* xxname = nullptr;
-OldList* xxconflist = nullptr;
 
 namespace {
 
@@ -71,28 +66,51 @@ const Form* longestForm(std::string_view text) {
   return nullptr;
 }
 
-/** The key that takes the next value, or null. */
-QornConfigToken* lastKey() { return static_cast<QornConfigToken*>(xxconflist->getLast()); }
+/** Reads one text. Each `take` function takes what stands at a place and returns the place after
+    it. */
+class ConfigLexer {
+ public:
+  ConfigLexer(std::string_view source, OldList& list)
+      : text(source), lastLine(source.rfind('\n') + 1), xxconflist(list) {}
 
-void takeWord(const Form& form) {
+  void addKeys() {
+    std::size_t place = 0;
+    while (place < text.size()) place = takeNext(place);
+  }
+
+ private:
+  /** The key that takes the next value, or null. */
+  QornConfigToken* lastKey() { return static_cast<QornConfigToken*>(xxconflist.getLast()); }
+  std::size_t takeNext(std::size_t place);
+  std::size_t takeNumber(std::size_t place);
+  std::size_t takeString(std::size_t place);
+  void takeWord(const Form& form);
+
+  std::string_view text;
+  std::size_t lastLine;  // where the line without a line feed starts; 0 without a line feed
+  OldList& xxconflist;
+};
+
+void ConfigLexer::takeWord(const Form& form) {
   if (form.isKey) {
     auto* key = new QornConfigToken;
     key->setTyp(form.code);
-    xxconflist->addItemLast(key);
+    xxconflist.addItemLast(key);
   } else if (QornConfigToken* key = lastKey(); key != nullptr) {
     key->setValue(form.code);
   }
 }
 
-// The functions below take what stands at a place and return the place behind it.
-
-std::size_t takeNumber(std::string_view text, std::size_t place) {
-  if (QornConfigToken* key = lastKey(); key != nullptr) key->setInteger(text.data() + place);
-  while (place < text.size() && isAsciiDigit(text[place])) ++place;
-  return place;
+std::size_t ConfigLexer::takeNumber(std::size_t place) {
+  std::size_t end = place;
+  while (end < text.size() && isAsciiDigit(text[end])) ++end;
+  if (QornConfigToken* key = lastKey(); key != nullptr) {
+    key->setInteger(text.substr(place, end - place));
+  }
+  return end;
 }
 
-std::size_t takeString(std::string_view text, std::size_t place) {
+std::size_t ConfigLexer::takeString(std::size_t place) {
   const std::size_t start = place + 1;
   const std::size_t partner = text.find(text[place], start);
   if (partner == std::string_view::npos || partner == start) return start;
@@ -102,11 +120,10 @@ std::size_t takeString(std::string_view text, std::size_t place) {
   return partner + 1;
 }
 
-/** `lastLine` is the place where the line without a line feed starts. */
-std::size_t takeNext(std::string_view text, std::size_t place, std::size_t lastLine) {
+std::size_t ConfigLexer::takeNext(std::size_t place) {
   const char first = text[place];
-  if (isAsciiDigit(first)) return takeNumber(text, place);
-  if (first == '"' || first == '\'') return takeString(text, place);
+  if (isAsciiDigit(first)) return takeNumber(place);
+  if (first == '"' || first == '\'') return takeString(place);
   if (first == '#' && place < lastLine) return text.find('\n', place);
   const Form* form = longestForm(text.substr(place));
   if (form == nullptr) return place + 1;
@@ -116,11 +133,4 @@ std::size_t takeNext(std::string_view text, std::size_t place, std::size_t lastL
 
 }  // namespace
 
-int xxlex() {
-  const SourceText source(xxin, xxname);
-  const std::string_view text = source.view();
-  const std::size_t lastLine = text.rfind('\n') + 1;  // 0 without a line feed
-  std::size_t place = 0;
-  while (place < text.size()) place = takeNext(text, place, lastLine);
-  return 0;
-}
+void xxlex(std::string_view text, OldList& xxconflist) { ConfigLexer(text, xxconflist).addKeys(); }

@@ -5,19 +5,13 @@
 #ifndef QORN_CONFIG_CONFIGLEXER_H
 #define QORN_CONFIG_CONFIGLEXER_H
 
-#include <cstdio>
+#include <string_view>
 
 #include "base/oldlist.h"
 
-/** The stream to read; closed by the caller. */
-extern FILE* xxin;
-/** Its name in the message of a read error. */
-extern const char* xxname;
-/** The list that keys are appended to, which owns them. It may hold the keys of files before. */
-extern OldList* xxconflist;
-
-/** Reads xxin to its end and appends a QornConfigToken for each key. Returns 0. A read error is
-    fatal. */
-int xxlex();
+/** Appends a QornConfigToken for each key of the text to the list, which owns it. The list may hold
+    the keys of texts before: a value that precedes all keys of this one goes to the last of them.
+ */
+void xxlex(std::string_view text, OldList& xxconflist);
 
 #endif

@@ -14,8 +14,8 @@ void QornConfigToken::setValue(int word) {
   if (takesValue()) value = word;
 }
 
-void QornConfigToken::setInteger(const char* text) {
-  if (takesValue()) integer = integerAt(text);
+void QornConfigToken::setInteger(std::string_view digits) {
+  if (takesValue()) integer = integerAt(DynString(digits).get());
 }
 
 void QornConfigToken::setPath(std::string_view text) {
@@ -23,10 +23,6 @@ void QornConfigToken::setPath(std::string_view text) {
 }
 
 void QornConfigToken::setCaseType(int* target) const {
-  if (hasValue == 1) *target = value;
-}
-
-void QornConfigToken::setListFormat(int* target) const {
   if (hasValue == 1) *target = value;
 }
 
@@ -38,6 +34,6 @@ void QornConfigToken::setTrueFalse(int* target) const {
   if (hasValue == 1) *target = value == C_TRUE ? 1 : 0;
 }
 
-void QornConfigToken::setString(const char** target) const {
-  if (hasValue == 1) *target = path.get();
+void QornConfigToken::setString(DynString* target) const {
+  if (hasValue == 1) *target = path;
 }

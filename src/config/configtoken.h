@@ -23,19 +23,17 @@ class QornConfigToken : public OldListItem {
   // --- Values ---
 
   void setValue(int word);
-  /** The number at the start of the text; one too large for an integer is held at the largest. */
-  void setInteger(const char* text);
+  /** A decimal number; one too large for an integer is held at the largest. */
+  void setInteger(std::string_view digits);
   void setPath(std::string_view text);
 
   // --- Transfer to a setting, which stays as it is if the key has no value ---
 
   void setCaseType(int* target) const;
-  void setListFormat(int* target) const;  // the same under the name of another kind of setting
   void setIntegerVariable(int* target) const;
   /** 1 for C_TRUE, 0 for all else. */
   void setTrueFalse(int* target) const;
-  /** The target shares this token's text. */
-  void setString(const char** target) const;
+  void setString(DynString* target) const;
 
  private:
   /** True once: for the first value. */

@@ -8,6 +8,7 @@
 #include "base/exitstatus.h"
 #include "base/fatal.h"
 #include "base/number.h"
+#include "config/configfiles.h"
 #include "driver/argscan.h"
 #include "scanner/vhdlscanner.h"
 
@@ -41,16 +42,15 @@ int checkTabsize(const char* value) {
   return -1;
 }
 
-/** Reads the configuration and hands the options on, which win over it. -1 if a named configuration
-    file can't be opened. */
-int configure(ArgScan& options, VhdlScanner& scanner) {
+/** Reads the configuration, then the options, which win over it. -1 if a named configuration file
+    can't be opened. */
+int configure(ArgScan& options, Settings& settings) {
   const char* configFile = options.getSwitch('c');
   const bool isNamed = configFile[0] != '\0';
-  if (scanner.ReadConfigFile(isNamed ? configFile : nullptr) != 0 && isNamed) return -1;
+  if (ReadConfigFile(isNamed ? configFile : nullptr, settings) != 0) return -1;
   const char* tabsize = options.getSwitch('t');
-  if (tabsize[0] != '\0') scanner.setOldTabsize(integerAt(tabsize));
-  if (options.getFlag('i') == 1) scanner.setIncludeOption();
-  if (options.getFlag('k') == 1) scanner.setKeepIndentation();
+  if (tabsize[0] != '\0') settings.oldTabsize = integerAt(tabsize);
+  if (options.getFlag('k') == 1) settings.keepIndentation = 1;
   return 0;
 }
 
@@ -73,7 +73,7 @@ ExitStatus formatFiles(ArgScan& options, VhdlScanner& scanner) {
 }
 
 /** Does what the command line asks for, and tells how the run is to end. */
-ExitStatus run(int argc, char** argv, VhdlScanner& scanner) {
+ExitStatus run(int argc, char** argv) {
   ArgScan options;
   options.setOptionalFlags("hvik");
   options.setOptionalSwitch('c', "");
@@ -91,9 +91,13 @@ ExitStatus run(int argc, char** argv, VhdlScanner& scanner) {
     version(stderr);
     return STATUS_OK;
   }
-  if (checkTabsize(options.getSwitch('t')) != 0 || configure(options, scanner) != 0) {
+  Settings settings;
+  if (checkTabsize(options.getSwitch('t')) != 0 || configure(options, settings) != 0) {
     return STATUS_FAILED;
   }
+  VhdlScanner& scanner =
+      *new VhdlScanner(settings);  // goes with the process, sooner than by a walk
+  if (options.getFlag('i') == 1) scanner.setIncludeOption();
   if (options.getFirstArgument() == nullptr) return formatStandardInput(scanner);
   return formatFiles(options, scanner);
 }
@@ -102,8 +106,7 @@ ExitStatus run(int argc, char** argv, VhdlScanner& scanner) {
 
 int main(int argc, char** argv) {
   std::set_new_handler(outOfMemory);
-  static VhdlScanner& scanner = *new VhdlScanner;  // goes with the process, sooner than by a walk
   std::signal(SIGINT, interrupted);
   std::signal(SIGTERM, interrupted);
-  endRun(run(argc, argv, scanner));
+  endRun(run(argc, argv));
 }

@@ -61,17 +61,16 @@ void VhdlToken::trimmComment(int width, std::string_view pair) {
   formatText.catRepeated(pairLength, mark);
 }
 
-DynString* VhdlToken::stripComment(int width, std::string_view chars) {
-  if (typ != T_COMMENT) return nullptr;
+bool VhdlToken::stripComment(int width, std::string_view chars, DynString& rest) {
+  if (typ != T_COMMENT) return false;
   const DynString pair(pairOf(viewText(1), chars));
   if (pair.length() > 0) trimmComment(width, pair.view());
   const std::string_view source = viewText(1);
-  if (indent <= width - static_cast<int>(source.size())) return nullptr;
+  if (indent <= width - static_cast<int>(source.size())) return false;
   const int limit = addColumns(width, -indent) - (pair.length() > 0 ? pairLength + 1 : 0);
-  if (limit <= 0) return nullptr;
+  if (limit <= 0) return false;
   const std::size_t blank = source.rfind(' ', static_cast<std::size_t>(limit));
-  if (blank == std::string_view::npos || blank < continuationMark.size()) return nullptr;
-  DynString rest;
+  if (blank == std::string_view::npos || blank < continuationMark.size()) return false;
   if (hasFormatText == 1) {
     rest = std::move(formatText);
   } else {
@@ -85,6 +84,5 @@ DynString* VhdlToken::stripComment(int width, std::string_view chars) {
   }
   rest.dropFront(static_cast<int>(blank + 1 - continuationMark.size()));
   continuationMark.copy(rest.edit(), continuationMark.size());
-  caseBuffer = std::move(rest);
-  return &caseBuffer;
+  return true;
 }

@@ -105,7 +105,7 @@ void VhdlScanner::LineBreak() {
   bool isWrapping = true;
   tokenList.getFirst();
   for (;;) {
-    tokenList.setAnchorNode(line.passPlainTokens(tokenList.getAnchorNode(), lineWidth));
+    tokenList.setAnchorNode(line.passPlainTokens(tokenList.getAnchorNode(), settings.lineWidth));
     VhdlToken* token = stepForward();
     if (token == nullptr) break;
     const int typ = token->getTyp();
@@ -121,16 +121,17 @@ void VhdlScanner::LineBreak() {
     line.width += length;
     if (isPragma(typ)) isWrapping = typ == T_FORMAT_ON || typ == T_INDENT_ON;
     if (typ == T_COMMENT && isWrapping) drawOutComment(*token);
-    if (line.width > lineWidth && isWrapping && WrapLine(line) == 0) continue;
+    if (line.width > settings.lineWidth && isWrapping && WrapLine(line) == 0) continue;
     if (typ == T_COMMENT) line.surplus += token->textLength(1) - length;
-    if (token->mayHoldTabs()) line.surplus += countTabColumns(*token, 1, indentation);
+    if (token->mayHoldTabs()) line.surplus += countTabColumns(*token, 1, settings.indentation);
   }
 }
 
 void VhdlScanner::drawOutComment(VhdlToken& comment) {
   if (prevIsNewline(1) == 1) commentColumn = 0;
-  if (extendComments == 1) {
-    comment.alignComment(lineWidth, blockCommentCharacters, frameBlockComments);
+  if (settings.extendComments == 1) {
+    comment.alignComment(settings.lineWidth, settings.blockCommentCharacters.get(),
+                         settings.frameBlockComments);
   }
 }
 
@@ -248,7 +249,7 @@ void VhdlScanner::finishLine(LineInHand& line) {
     if (token == nullptr) break;
     if (isNew) line.reach(tokenList.getAnchorNode());
     token->setColumn(column);
-    column = addColumns(column, countColumns(*token, 1, indentation));
+    column = addColumns(column, countColumns(*token, 1, settings.indentation));
   }
   line.shifts.clear();
 }
@@ -260,5 +261,5 @@ void VhdlScanner::breakComments(LineInHand& line) {
   const VhdlToken* token = anchorToken();
   if (isLineEnd(*token, 1)) return;
   line.surplus = getColumn(1);  // the pass measures from here as from the start of a line
-  line.surplus += countColumns(*token, 1, indentation);
+  line.surplus += countColumns(*token, 1, settings.indentation);
 }

@@ -15,7 +15,7 @@ constexpr int shortestTabRun = 4;  // fewer blanks are never turned into tabs
 /** The two switches of the pragma comments, and what they make of a token. */
 class Printing {
  public:
-  Printing() { setStyles(); }
+  explicit Printing(const CaseStyles& chosen) : caseStyles(chosen) { setStyles(); }
 
   /** Obeys a pragma comment, which is itself printed under its new setting. */
   void obey(int pragma) {
@@ -24,8 +24,8 @@ class Printing {
     formatted = formatting & layout;
     setStyles();
   }
-  std::string_view textOf(const VhdlToken& token) const {
-    return token.getCaseText(formatting, layout);
+  CaseText textOf(const VhdlToken& token) const {
+    return token.getCaseText(formatting, layout, caseStyles);
   }
   /** Writes textOf if it is short. Result and target as of VhdlToken::writeShort. */
   int writeShort(const VhdlToken& token, char* target) const {
@@ -35,34 +35,52 @@ class Printing {
  private:
   void setStyles() {
     for (int typ = 0; typ < tokenCodeCount; ++typ) {
-      styles[typ] = formatting == 1 ? VhdlToken::caseStyleOf(typ) : static_cast<int>(C_ASIS);
+      styles[typ] = formatting == 1 ? caseStyles.of(typ) : static_cast<int>(C_ASIS);
     }
   }
 
+  const CaseStyles& caseStyles;
   int formatting = 1;
   int layout = 1;
   int formatted = 1;
   TokenTable<int> styles{C_ASIS};  // by code, so that a token needs one look
 };
 
-/** The text on its way to a stream, gathered into large pieces. Once a write has failed, the
-   system's error number is kept and nothing more is written. */
+/** Writes to a stream. Once a write has failed, the system's error number is kept and nothing more
+    is written. */
+class FileSink : public TextSink {
+ public:
+  explicit FileSink(FILE* target) : stream(target) {}
+  void put(std::string_view text) override {
+    if (error != 0) return;
+    if (std::fwrite(text.data(), 1, text.size(), stream) < text.size()) error = errno;
+  }
+  int getError() const { return error; }
+
+ private:
+  FILE* stream;
+  int error = 0;
+};
+
+/** The text on its way to a sink, gathered into large pieces. */
 class OutputBuffer {
  public:
-  explicit OutputBuffer(FILE* target) : stream(target) {}
+  explicit OutputBuffer(TextSink& target) : sink(target) {}
   OutputBuffer(const OutputBuffer&) = delete;
   OutputBuffer& operator=(const OutputBuffer&) = delete;
 
-  void write(std::string_view text) {
-    if (text.size() > sizeof(buffer) - used) flush();
-    if (text.size() > sizeof(buffer)) {
-      put(text);
-      return;
+  void write(CaseText source) {
+    char before = '\0';
+    while (!source.text.empty()) {
+      if (used == sizeof(buffer)) flush();
+      const std::string_view piece = source.text.substr(0, sizeof(buffer) - used);
+      convertCase(buffer + used, piece, source.style, before);
+      used += piece.size();
+      before = piece.back();
+      source.text.remove_prefix(piece.size());
     }
-    text.copy(buffer + used, text.size());
-    used += text.size();
   }
-  /** The text of a token; most are short and go straight into the buffer. */
+  /** The text of a token; most are short and need no loop. */
   void write(const VhdlToken& token, const Printing& printing) {
     if (used > sizeof(buffer) - DynString::shortMax - 1) flush();
     const int length = printing.writeShort(token, buffer + used);
@@ -73,19 +91,12 @@ class OutputBuffer {
     }
   }
   void flush() {
-    put({buffer, used});
+    if (used > 0) sink.put({buffer, used});
     used = 0;
   }
-  int getError() const { return error; }
 
  private:
-  void put(std::string_view text) {
-    if (error != 0 || text.empty()) return;
-    if (std::fwrite(text.data(), 1, text.size(), stream) < text.size()) error = errno;
-  }
-
-  FILE* stream;
-  int error = 0;
+  TextSink& sink;
   std::size_t used = 0;
   char buffer[65536];
 };
@@ -93,11 +104,17 @@ class OutputBuffer {
 }  // namespace
 
 void VhdlScanner::Print(FILE* stream) {
-  if (tabify != 0) reserveTabifyBuffer();  // from the opening on, nothing takes memory
+  if (settings.tabify != 0) reserveTabifyBuffer();  // from the opening on, nothing takes memory
   outFile = stream == nullptr ? OpenOutfile() : stdout;
   if (outFile == nullptr) return;
-  OutputBuffer output(outFile);
-  Printing printing;
+  FileSink sink(outFile);
+  Print(sink);
+  CloseOutfile(sink.getError());
+}
+
+void VhdlScanner::Print(TextSink& sink) {
+  OutputBuffer output(sink);
+  Printing printing(settings.caseStyles);
   long long column = 0;  // of the output, in bytes before blanks turn into tabs
   tokenList.getFirst();
   const OldListRefItem* node = tokenList.getAnchorNode();
@@ -105,22 +122,22 @@ void VhdlScanner::Print(FILE* stream) {
     const VhdlToken& token = tokenAt(node);
     const int typ = token.getTyp();
     if (isPragma(typ)) printing.obey(typ);
-    if (tabify == 0) {  // only tabs need the column
+    if (settings.tabify == 0) {  // only tabs need the column
       output.write(token, printing);
       continue;
     }
-    const std::string_view text = printing.textOf(token);
-    output.write(tabified(typ, heldInRange(column), text));
-    column = typ == T_NEWLINE && !text.empty() ? 0 : column + static_cast<long long>(text.size());
+    const CaseText printed = printing.textOf(token);
+    output.write({tabified(typ, heldInRange(column), printed.text), printed.style});
+    const auto length = static_cast<long long>(printed.text.size());
+    column = typ == T_NEWLINE && length > 0 ? 0 : column + length;
   }
   output.flush();
-  CloseOutfile(output.getError());
 }
 
 FILE* VhdlScanner::OpenOutfile() {
-  if (keepBackupFile == 1) {
+  if (settings.keepBackupFile == 1) {
     DynString backup(fileName);
-    backup.cat(backupFileExtension);
+    backup.cat(settings.backupFileExtension.get());
     if (std::rename(fileName.get(), backup.get()) != 0) {
       std::perror("Error! qorn");
       return nullptr;
@@ -171,7 +188,7 @@ std::string_view VhdlScanner::TabifyWhitespace(int start, std::string_view text)
   return tabifyBuffer.view();
 }
 
-int VhdlScanner::tabDistance() const { return std::max(tabSize, 1); }
+int VhdlScanner::tabDistance() const { return std::max(settings.tabSize, 1); }
 
 bool VhdlScanner::reachesTabStop(int start, int count) const {
   return count >= shortestTabRun && count >= tabDistance() - start % tabDistance();

@@ -10,13 +10,16 @@ void VhdlScanner::BreakComment() {
     placeLongComment(comment);
     const int column = getColumn(1);
     comment.setIndent(column);
-    DynString* rest = comment.stripComment(lineWidth, blockCommentCharacters);
-    if (extendComments == 1) {
-      comment.alignComment(lineWidth, blockCommentCharacters, frameBlockComments);
+    DynString rest;
+    const bool isSplit =
+        comment.stripComment(settings.lineWidth, settings.blockCommentCharacters.get(), rest);
+    if (settings.extendComments == 1) {
+      comment.alignComment(settings.lineWidth, settings.blockCommentCharacters.get(),
+                           settings.frameBlockComments);
     }
-    if (rest != nullptr) {
+    if (isSplit) {
       auto* piece = new VhdlToken(T_COMMENT, /*line*/ 0, /*level*/ 0, "");
-      piece->setFormatText(std::move(*rest));
+      piece->setFormatText(std::move(rest));
       piece->setIndent(column);
       tokenList.addItemAnchor(piece);
       setPrevNewline();
@@ -37,12 +40,12 @@ VhdlToken* VhdlScanner::findComment() {
 
 void VhdlScanner::placeLongComment(VhdlToken& comment) {
   const int column = getColumn(1);
-  if (column < commentStartColumn) return;
+  if (column < settings.commentStartColumn) return;
   if (commentColumn != 0) {
     comment.setIndent(commentColumn);
     IndentLine(0);
-  } else if (lineWidth - column < minimumFieldWidth) {
-    comment.setIndent(commentStartColumn);
+  } else if (settings.lineWidth - column < settings.minimumFieldWidth) {
+    comment.setIndent(settings.commentStartColumn);
     setPrevNewline();
     IndentLine(0);
   }

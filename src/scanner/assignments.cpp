@@ -29,9 +29,9 @@ int VhdlScanner::prevTargetLength() {
   const VhdlToken* token = stepBack();
   for (; token != nullptr && !endsTarget(*token); token = stepBack()) {
     length = addColumns(length, targetWidth(*token));
-    if (length >= identLength) return 0;
+    if (length >= settings.identLength) return 0;
   }
-  return length >= identLength ? 0 : length;
+  return length >= settings.identLength ? 0 : length;
 }
 
 int VhdlScanner::determineTargetLength(int typ, int orTyp) {
@@ -52,7 +52,7 @@ int VhdlScanner::determineTargetLength(int typ, int orTyp) {
     } else if ((next == typ || next == orTyp) && !isAssigned) {
       if (token->getLineNo() != semicolonLine + 1) break;
       const int length = prevTargetLength();
-      if (length > targetLength && length <= identLength) targetLength = length;
+      if (length > targetLength && length <= settings.identLength) targetLength = length;
       targetEndLine = token->getLineNo();
       isAssigned = true;
       start = nullptr;
@@ -87,7 +87,7 @@ int VhdlScanner::blanksBeforeAssignment(int typ, int orTyp) {
 }
 
 void VhdlScanner::alignConstantSignalFile() {
-  setIndent(indentation, /*relative*/ 1);
+  setIndent(settings.indentation, /*relative*/ 1);
   if (!waitFor(T_COLON, T_IS)) return;
   setPrevSpaces(blanksBeforeAssignment(T_COLON, T_IS));
   popIndent();
@@ -100,7 +100,7 @@ void VhdlScanner::SignalAssignment() {
   const int blanks = blanksBeforeAssignment(T_SIGASSIGN, -1);
   IndentLine(0);
   setPrevSpaces(blanks);
-  if (style == C_A) {
+  if (settings.style == C_A) {
     setIndent(addColumns(getColumn(1), assignmentWidth), /*relative*/ 0);
   } else if (CountListEntries(level, T_COMMA, T_SEMICOLON) > 1) {
     setNextNewline();
@@ -115,20 +115,20 @@ void VhdlScanner::readWaveform(int level) {
       case T_EOF: return;
       case T_COMMA: startElement(level); break;
       case T_INERTIAL:
-      case T_TRANSPORT: style == C_A ? startElement(level) : setNextSpaces(1); break;
+      case T_TRANSPORT: settings.style == C_A ? startElement(level) : setNextSpaces(1); break;
       case T_WHEN:
-        if (style == C_A) setPrevNewline();
-        setIndent(indentation, /*relative*/ 1);
+        if (settings.style == C_A) setPrevNewline();
+        setIndent(settings.indentation, /*relative*/ 1);
         setTokenIndent();
         isWhenOpen = true;
         break;
       case T_ELSE:
         isWhenOpen = false;
-        if (style == C_A) setNextNewline();
+        if (settings.style == C_A) setNextNewline();
         popIndent();
         break;
       case T_SEMICOLON:
-        if (style == C_A) popIndent();
+        if (settings.style == C_A) popIndent();
         if (isWhenOpen) popIndent();
         popIndent();
         endLine();

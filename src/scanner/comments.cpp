@@ -5,7 +5,7 @@
 void VhdlScanner::handleComment() {
   VhdlToken& comment = *anchorToken();
   const bool fresh = lastCommentLine + 1 != comment.getLineNo();
-  if (fresh) commentColumn = commentStartColumn;
+  if (fresh) commentColumn = settings.commentStartColumn;
   lastCommentLine = comment.getLineNo();
   if (prevIsNewline(0) == 1) {
     placeOwnLineComment(comment, fresh);
@@ -32,8 +32,8 @@ void VhdlScanner::placeOwnLineComment(VhdlToken& comment, bool fresh) {
 }
 
 void VhdlScanner::placeTrailingComment(VhdlToken& comment) {
-  comment.setIndent(commentStartColumn);
-  commentColumn = commentStartColumn;
+  comment.setIndent(settings.commentStartColumn);
+  commentColumn = settings.commentStartColumn;
   setPrevSpaces(0);
   const int codeEnd = getColumn(1);
   if (codeEnd < commentColumn) {

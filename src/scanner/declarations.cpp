@@ -53,14 +53,14 @@ int VhdlScanner::readEntityClass() {
 }
 
 void VhdlScanner::Attribute() {
-  setIndent(indentation, /*relative*/ 1);
+  setIndent(settings.indentation, /*relative*/ 1);
   waitForSemiColon();
   popIndent();
   endLine();
 }
 
 void VhdlScanner::Type() {
-  setIndent(indentation, /*relative*/ 1);
+  setIndent(settings.indentation, /*relative*/ 1);
   if (getNextTokenTyp() != T_IDENTIFIER) return;
   const int behind = getNextTokenTyp();
   if (behind == T_SEMICOLON) {  // an incomplete type
@@ -70,7 +70,7 @@ void VhdlScanner::Type() {
   }
   if (behind != T_IS || LookForward(1) != T_LPAREN) return;
   const VhdlToken* paren = getNextToken();
-  if (style == C_A) {
+  if (settings.style == C_A) {
     waitForParenClose(paren->getParenLevel());
     return;
   }
@@ -84,22 +84,22 @@ void VhdlScanner::entriesInBlock() {
 }
 
 void VhdlScanner::entryBlock() {
-  setIndent(indentation, /*relative*/ 1);
+  setIndent(settings.indentation, /*relative*/ 1);
   setNextNewline();
   InterfaceList();
   setPrevNewline();
   popTokenIndent();
-  setIndent(indentation, /*relative*/ 1);
+  setIndent(settings.indentation, /*relative*/ 1);
 }
 
 void VhdlScanner::Array() {
   if (!hasSeveralIndexRanges()) return;
   setPrevNewline();
-  if (style != C_A) popTokenIndent();
+  if (settings.style != C_A) popTokenIndent();
   if (getNextTokenTyp() != T_LPAREN) return;
-  if (style != C_A) setPrevNewline();
+  if (settings.style != C_A) setPrevNewline();
   entryBlock();
-  if (style == C_A) popIndent();
+  if (settings.style == C_A) popIndent();
 }
 
 bool VhdlScanner::hasSeveralIndexRanges() {
@@ -110,14 +110,14 @@ bool VhdlScanner::hasSeveralIndexRanges() {
 
 void VhdlScanner::openElements() {
   setPrevNewline();
-  if (style != C_A) popTokenIndent();
-  setIndent(indentation, /*relative*/ 1);
+  if (settings.style != C_A) popTokenIndent();
+  setIndent(settings.indentation, /*relative*/ 1);
   setNextNewline();
 }
 
 void VhdlScanner::closeElements() {
   End();
-  if (style == C_A) popIndent();
+  if (settings.style == C_A) popIndent();
   StatementClosed();
 }
 
@@ -135,7 +135,7 @@ void VhdlScanner::Unit() {
 }
 
 void VhdlScanner::UnitList() {
-  const int width = LongestInterfaceIdentifier(identLength);
+  const int width = LongestInterfaceIdentifier(settings.identLength);
   while (const VhdlToken* token = getNextToken()) {
     switch (token->getTyp()) {
       case T_END: setPrevNewline(); return;
@@ -148,12 +148,12 @@ void VhdlScanner::UnitList() {
 }
 
 void VhdlScanner::Function() {
-  setIndent(indentation, /*relative*/ 1);
+  setIndent(settings.indentation, /*relative*/ 1);
   for (;;) {
     switch (getNextTokenTyp()) {
       case T_EOF: return;
       case T_LPAREN:
-        style == C_A ? parametersInColumn() : entriesInBlock();
+        settings.style == C_A ? parametersInColumn() : entriesInBlock();
         setNextSpaces(1);
         break;
       case T_SEMICOLON:  // a declaration

@@ -15,7 +15,7 @@ void VhdlScanner::popIndent() {
 }
 
 void VhdlScanner::setIdentifierIndent() {
-  if (statementClosed == 1) setIndent(indentation, /*relative*/ 1);
+  if (statementClosed == 1) setIndent(settings.indentation, /*relative*/ 1);
 }
 
 void VhdlScanner::setTokenIndent() {
@@ -29,5 +29,5 @@ void VhdlScanner::popTokenIndent() {
 }
 
 void VhdlScanner::indentUnlessLabelled() {
-  if (prevIsLabel() == 0) setIndent(indentation, /*relative*/ 1);
+  if (prevIsLabel() == 0) setIndent(settings.indentation, /*relative*/ 1);
 }

@@ -39,11 +39,11 @@ void VhdlScanner::Port() {
   }
   const VhdlToken* paren = getNextToken();
   if (paren == nullptr || paren->getTyp() != T_LPAREN) return;
-  if (style != C_A) setPrevNewline();
-  setIndent(indentation, /*relative*/ 1);
+  if (settings.style != C_A) setPrevNewline();
+  setIndent(settings.indentation, /*relative*/ 1);
   setPrevSpaces(1);
   setNextNewline();
-  if (interfaceIdentifierList == C_WRAPPED) {
+  if (settings.interfaceIdentifierList == C_WRAPPED) {
     InterfaceList();
     setPrevNewline();
   } else {
@@ -59,10 +59,10 @@ void VhdlScanner::PortMap() {
   const VhdlToken* paren = getNextToken();
   if (paren == nullptr || paren->getTyp() != T_LPAREN) return;
   const int level = paren->getParenLevel();
-  style == C_A ? setPrevSpaces(1) : setPrevNewline();
+  settings.style == C_A ? setPrevSpaces(1) : setPrevNewline();
   setNextNewline();
-  setIndent(indentation, /*relative*/ 1);
-  associationList == C_WRAPPED ? AssociationList(level) : waitForParenClose(level);
+  setIndent(settings.indentation, /*relative*/ 1);
+  settings.associationList == C_WRAPPED ? AssociationList(level) : waitForParenClose(level);
   setPrevNewline();
   popTokenIndent();
   if (inBlockHeader == 1 && nextIs(T_SEMICOLON) == 1) getNextToken();
@@ -92,7 +92,9 @@ void VhdlScanner::InterfaceList() {
   }
 }
 
-int VhdlScanner::longestInterfaceName() const { return addColumns(identLength, interfaceExtra); }
+int VhdlScanner::longestInterfaceName() const {
+  return addColumns(settings.identLength, interfaceExtra);
+}
 
 int VhdlScanner::LongestInterfaceIdentifier(int limit) {
   const int level = getParenLevel();
@@ -213,7 +215,7 @@ int VhdlScanner::LongestAssociationIdentifier(int& hasArrow) {
     if (endsList(*token, level)) return longest + 2;
     if (isSpacing(typ)) continue;
     if (typ == T_ARROW) {
-      if (length > longest && length < identLength) longest = length;
+      if (length > longest && length < settings.identLength) longest = length;
       length = 0;
       hasArrow = 1;
     } else if (typ == T_COMMA || typ == T_SEMICOLON) {

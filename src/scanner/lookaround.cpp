@@ -71,5 +71,6 @@ int VhdlScanner::prevIsLabel() {
 int VhdlScanner::getColumn(int mode) {
   OldListRefItem* place = tokenList.getAnchorNode();
   if (place == nullptr) return 0;
-  return mode == 1 ? ruler.read(place, indentation).column : ruler.readSource(place, indentation);
+  return mode == 1 ? ruler.read(place, settings.indentation).column
+                   : ruler.readSource(place, settings.indentation);
 }

@@ -4,19 +4,15 @@
 #include <cstring>
 
 #include "scanner/vhdlscanner.h"
-#include "tokens/tabs.h"
 #include "tokens/vhdllexer.h"
 
-VhdlScanner::VhdlScanner() = default;
+VhdlScanner::VhdlScanner(const Settings& chosen)
+    : settings(chosen), commentColumn(chosen.commentStartColumn) {}
 
 VhdlScanner::~VhdlScanner() { closeInputFile(); }
 
 int VhdlScanner::setInputFile(const char* path) {
-  if (path == nullptr) {
-    yyin = stdin;
-    yyname = "standard input";
-    return 0;
-  }
+  if (path == nullptr) return 0;
   const char* extension = std::getenv("VHDLEXT");
   DynString opened(path);
   inFile = std::fopen(path, "r");
@@ -29,14 +25,15 @@ int VhdlScanner::setInputFile(const char* path) {
     return -1;
   }
   fileName = std::move(opened);
-  yyin = inFile;
-  yyname = fileName.get();
   return 0;
 }
 
-void VhdlScanner::startLex() {
-  yytoklist = &tokenList;
-  yylex();
+void VhdlScanner::readInput() {
+  if (inFile == nullptr) {
+    sourceText.read(stdin, "standard input");
+    return;
+  }
+  sourceText.read(inFile, fileName.get());
   closeInputFile();
 }
 
@@ -44,6 +41,11 @@ void VhdlScanner::closeInputFile() {
   if (inFile == nullptr) return;
   std::fclose(inFile);
   inFile = nullptr;
+}
+
+void VhdlScanner::startLex() {
+  lexState.tabs.YYsetInTabSize(settings.oldTabsize);
+  yylex(sourceText, lexState, tokenList);
 }
 
 int VhdlScanner::IncludeHeaders() { return 0; }
@@ -55,11 +57,20 @@ void VhdlScanner::addSentinel() {
 }
 
 int VhdlScanner::format() {
-  YYsetInTabSize(oldTabsize);
+  readInput();
+  return formatSource();
+}
+
+int VhdlScanner::format(std::string_view text) {
+  sourceText.set(text);
+  return formatSource();
+}
+
+int VhdlScanner::formatSource() {
   startLex();
   if (includeOption == 1 && IncludeHeaders() != 0) return -1;
   stopIndex.reset(longestInterfaceName());
-  if (keepIndentation == 1) KeepIndentation();
+  if (settings.keepIndentation == 1) KeepIndentation();
   Format();
   LineBreak();
   return 0;

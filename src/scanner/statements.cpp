@@ -12,7 +12,7 @@ constexpr int elsifContinuation = 7;  // a wrapped condition, whatever the inden
 
 void VhdlScanner::openBody() {
   popTokenIndent();
-  setIndent(indentation, /*relative*/ 1);
+  setIndent(settings.indentation, /*relative*/ 1);
   endLine();
 }
 
@@ -41,7 +41,7 @@ void VhdlScanner::Else() { openBody(); }
 void VhdlScanner::openAlternative() {
   setNextNewline();
   popIndent();
-  setIndent(timesColumns(2, indentation), /*relative*/ 1);
+  setIndent(timesColumns(2, settings.indentation), /*relative*/ 1);
   StatementClosed();
 }
 
@@ -52,7 +52,7 @@ void VhdlScanner::Case() {
 
 void VhdlScanner::When() {
   popIndent();
-  setIndent(indentation, /*relative*/ 1);
+  setIndent(settings.indentation, /*relative*/ 1);
   setTokenIndent();
   if (!waitFor(T_SEMICOLON, T_ARROW)) return;
   if (anchorToken()->getTyp() == T_ARROW) {
@@ -91,7 +91,7 @@ void VhdlScanner::For() {
         return;
       case T_FOR:  // of a block configuration
         setPrevNewline();
-        setIndent(indentation, /*relative*/ 1);
+        setIndent(settings.indentation, /*relative*/ 1);
         break;
       default: break;
     }
@@ -101,10 +101,10 @@ void VhdlScanner::For() {
 void VhdlScanner::openBinding() {
   setPrevNewline();
   if (inConfiguration == 1) {
-    setIndent(indentation, /*relative*/ 1);
+    setIndent(settings.indentation, /*relative*/ 1);
   } else {  // it stands by itself: no `end` closes it
     popIndent();
-    setIndent(timesColumns(2, indentation), /*relative*/ 1);
+    setIndent(timesColumns(2, settings.indentation), /*relative*/ 1);
   }
   StatementOpen();
 }
@@ -118,14 +118,14 @@ void VhdlScanner::Wait() {
 
 void VhdlScanner::Assert() {
   indentUnlessLabelled();
-  setIndent(indentation, /*relative*/ 1);
+  setIndent(settings.indentation, /*relative*/ 1);
   for (;;) {
     switch (getNextTokenTyp()) {
       case T_EOF: return;
       case T_REPORT:
       case T_SEVERITY:
         popTokenIndent();
-        setIndent(indentation, /*relative*/ 1);
+        setIndent(settings.indentation, /*relative*/ 1);
         setPrevNewline();
         break;
       case T_SEMICOLON:

@@ -21,25 +21,25 @@ bool VhdlScanner::readHead(std::initializer_list<int> head) {
 
 void VhdlScanner::Entity() {
   if (isInstantiated()) return;
-  setIndent(indentation, /*relative*/ 1);
+  setIndent(settings.indentation, /*relative*/ 1);
   if (readHead({T_IDENTIFIER, T_IS})) endLine();
 }
 
 void VhdlScanner::Architecture() {
-  setIndent(indentation, /*relative*/ 1);
+  setIndent(settings.indentation, /*relative*/ 1);
   if (readHead({T_IDENTIFIER, T_OF, T_IDENTIFIER, T_IS})) endLine();
 }
 
 void VhdlScanner::Configuration() {
   if (isInstantiated()) return;
-  setIndent(indentation, /*relative*/ 1);
+  setIndent(settings.indentation, /*relative*/ 1);
   if (!readHead({T_IDENTIFIER, T_OF, T_IDENTIFIER, T_IS})) return;
   inConfiguration = 1;
   endLine();
 }
 
 void VhdlScanner::Package() {
-  setIndent(indentation, /*relative*/ 1);
+  setIndent(settings.indentation, /*relative*/ 1);
   int name = getNextTokenTyp();
   if (name == T_BODY) name = getNextTokenTyp();
   if (name == T_IDENTIFIER && readHead({T_IS})) endLine();
@@ -47,7 +47,7 @@ void VhdlScanner::Package() {
 
 void VhdlScanner::Component() {
   if (isInstantiated()) return;
-  setIndent(indentation, /*relative*/ 1);
+  setIndent(settings.indentation, /*relative*/ 1);
   if (!readHead({T_IDENTIFIER})) return;
   if (peekTokenTyp() == T_IS) getNextToken();
   endLine();
@@ -63,13 +63,13 @@ void VhdlScanner::Library() { nameClause(libraryContinuation); }
 void VhdlScanner::Use() { nameClause(useContinuation); }
 
 void VhdlScanner::nameClause(int continuation) {
-  if (style == C_A) {
+  if (settings.style == C_A) {
     StatementOpen();
     setIndent(continuation, /*relative*/ 1);
     return;
   }
   const int level = getParenLevel();
-  setIndent(indentation, /*relative*/ 1);
+  setIndent(settings.indentation, /*relative*/ 1);
   if (CountListEntries(level, T_COMMA, T_SEMICOLON) < 2) return;
   setNextNewline();
   WrappedList(level, T_COMMA, T_SEMICOLON);
@@ -100,14 +100,14 @@ void VhdlScanner::Begin() {
   if (inBlockHeader == 1) setPrevNewline();  // nothing in a block's header ends its line
   popTokenIndent();
   setNextNewline();
-  setIndent(indentation, /*relative*/ 1);
+  setIndent(settings.indentation, /*relative*/ 1);
   StatementClosed();
   inBlockHeader = 0;
 }
 
 void VhdlScanner::End() {
   popTokenIndent();
-  setIndent(indentation, /*relative*/ 1);
+  setIndent(settings.indentation, /*relative*/ 1);
   waitForSemiColon();
   popIndent();
   endLine();

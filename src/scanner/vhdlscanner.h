@@ -10,13 +10,15 @@
 #include "base/anchorguard.h"
 #include "base/dynstring.h"
 #include "base/oldlist.h"
+#include "base/sourcetext.h"
 #include "base/stack.h"
+#include "base/textsink.h"
 #include "scanner/lineruler.h"
+#include "scanner/settings.h"
 #include "scanner/stopindex.h"
 #include "tokens/tokencodes.h"
+#include "tokens/vhdllexer.h"
 #include "tokens/vhdltoken.h"
-
-class QornConfigToken;
 
 /** One object of this class formats all files of a run. It holds the token list of the file in
    hand, every setting, and the state of the passes over that list.
@@ -32,26 +34,23 @@ class QornConfigToken;
    the list before Reset. Columns are counted from 0 and in bytes, widths are counts. */
 class VhdlScanner {
  public:
-  VhdlScanner();
+  explicit VhdlScanner(const Settings& chosen = Settings());
   VhdlScanner(const VhdlScanner&) = delete;
   VhdlScanner& operator=(const VhdlScanner&) = delete;
   virtual ~VhdlScanner();
 
   void setIncludeOption() { includeOption = 1; }
-  void setKeepIndentation() { keepIndentation = 1; }
-  /** Tab distance of the input. Requires: size > 0. */
-  void setOldTabsize(int size) { oldTabsize = size; }
-  /** Reads the named configuration file or, with null, every one that the search finds, and applies
-      them. 0, or -1 if a named file can't be opened, which has then been told. */
-  [[nodiscard]] int ReadConfigFile(const char* path);
   /** Opens the file, or the file with the extension of VHDLEXT behind its name; null stands for the
       standard input. 0, or -1 if neither opens, which has then been told. */
   [[nodiscard]] int setInputFile(const char* path);
   /** Reads the input to its end, closes it and lays the list out. 0, or -1. */
   [[nodiscard]] int format();
+  /** Lays out a text in memory. 0, or -1. */
+  [[nodiscard]] int format(std::string_view text);
   /** Writes the list: to the standard output if stream is not null, else over the input file, whose
       old text stays under the backup name. Failures are told. */
   void Print(FILE* stream);
+  void Print(TextSink& sink);
   /** Makes the object ready for the next file. */
   void Reset();
 
@@ -60,21 +59,15 @@ class VhdlScanner {
 
   // --- Pipeline (pipeline.cpp) ---
 
-  void startLex();
+  /** Reads the input into `sourceText` and closes it. */
+  void readInput();
   void closeInputFile();
+  void startLex();
+  int formatSource();
   int IncludeHeaders();
   /** The sentinel: a printed line end at the head of the list, so that every walk backward meets
      one. It is neither measured nor written. */
   void addSentinel();
-
-  // --- Configuration (config/settings.cpp) ---
-
-  struct Setting;
-  /** Reads the file's keys and values to the end of configList. 0, or -1 if it can't be opened. */
-  int scanConfigFile(const char* path);
-  /** Writes the values of configList into the settings, the first key first. */
-  void setConfigVariables();
-  void applySetting(const Setting& setting, const QornConfigToken& key);
 
   // --- Output (layout/output.cpp) ---
 
@@ -354,41 +347,31 @@ class VhdlScanner {
 
   // --- Data ---
 
-  OldList tokenList;  // VhdlToken; owns all tokens, cleared by Reset
-  OldList
-      configList;  // QornConfigToken; texts of settings stand in it, so it outlives all formatting
+  Settings settings;
+  int includeOption = 0;  // option; without effect
+
+  // The input in hand.
+  SourceText sourceText;
+  OldList tokenList;   // VhdlToken; owns all tokens, cleared by Reset
   DynString fileName;  // the path that was really opened
   FILE* inFile = nullptr;
   FILE* outFile = nullptr;
 
-  int indent = 0;                              // columns; run state, cleared by Reset
-  int oldTabsize = 4;                          // columns; tab distance of the input; setting
-  int tabSize = 4;                             // columns; tab distance of the output; setting
-  int indentation = 4;                         // columns; setting
-  int identLength = 20;                        // characters; setting
-  int lineWidth = 80;                          // count of columns; setting
-  int minimumFieldWidth = 15;                  // columns
-  const char* blockCommentCharacters = "-=*";  // constant, or in configList
-  Stack<int> indentStack;                      // columns; run state, cleared by Reset
-  int statementClosed = 1;                     // run state, cleared by Reset
-  int keepIndentation = 0;                     // option
-  int inBlockHeader = 0;                       // 1 until the begin of a block; cleared by Reset
-  int inConfiguration = 0;                     // 1 inside a configuration; cleared by Reset
-  int targetEndLine = 0;        // source line up to which targetLength holds; survives Reset
-  int targetLength = 0;         // columns; survives Reset
-  int commentStartColumn = 40;  // column; setting
-  int lastCommentLine = -1;     // source line of the last comment; survives Reset
-  int commentColumn = 40;       // column of the comments under way; survives Reset
-  const char* backupFileExtension = ".bak";  // constant, or in configList
-  int tabify = 0;                            // setting
-  int interfaceIdentifierList = C_WRAPPED;   // setting
-  int associationList = C_WRAPPED;           // setting
-  int extendComments = 1;                    // setting
-  int frameBlockComments = 0;                // setting
-  int keepBackupFile = 1;                    // setting
-  int style = C_A;                           // setting; all codes but C_A act as C_B
-  DynString tabifyBuffer;                    // result of Tabify and TabifyWhitespace
-  int includeOption = 0;                     // option; without effect
+  // State of the pass, cleared by Reset.
+  int indent = 0;           // columns
+  Stack<int> indentStack;   // columns
+  int statementClosed = 1;  // 1 when no statement is open
+  int inBlockHeader = 0;    // 1 until the begin of a block
+  int inConfiguration = 0;  // 1 inside a configuration
+
+  // What survives Reset: line numbers run on from file to file.
+  LexState lexState;
+  int targetEndLine = 0;     // source line up to which targetLength holds
+  int targetLength = 0;      // columns
+  int lastCommentLine = -1;  // source line of the last comment
+  int commentColumn;         // column of the comments under way
+
+  DynString tabifyBuffer;  // result of Tabify and TabifyWhitespace
 
   LineRuler ruler;      // the output line under way; forgotten by Reset
   StopIndex stopIndex;  // the stops ahead of the cursor; made anew by format

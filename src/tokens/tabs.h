@@ -3,17 +3,30 @@
 #ifndef QORN_TOKENS_TABS_H
 #define QORN_TOKENS_TABS_H
 
+#include <algorithm>
 #include <string_view>
 
-/** Column of the next character in the expanded source line, counted from 0. It runs on from file
-   to file; a line end sets it back. */
-extern long lexColumn;
+#include "base/dynstring.h"
 
-/** Sets the tab distance of the input; one below 1 acts as 1. */
-void YYsetInTabSize(int size);
+/** Knows the column of the text under way. */
+class TabExpander {
+ public:
+  /** Sets the tab distance of the input; one below 1 acts as 1. */
+  void YYsetInTabSize(int size) { tabSize = std::max(size, 1); }
+  /** Column of the next character in the expanded source line, counted from 0. It runs on from
+      source to source; a line end sets it back. */
+  long getColumn() const { return column; }
+  void setColumn(long place) { column = place; }
+  /** Moves the column on over characters that are no tabs to be expanded. */
+  void advance(std::size_t count) { column += static_cast<long>(count); }
+  /** The text with tabs turned into blanks up to the next tab stop. Moves the column on over it.
+      The result is the text itself or stands in `YYbuf` until the next call. */
+  std::string_view ReplaceTabs(std::string_view text);
 
-/** The text with tabs turned into blanks up to the next tab stop. Moves lexColumn on over it. The
-    result is the text itself or stands in `YYbuf` until the next call. */
-std::string_view ReplaceTabs(std::string_view text);
+ private:
+  int tabSize = 4;
+  long column = 0;
+  DynString YYbuf;
+};
 
 #endif

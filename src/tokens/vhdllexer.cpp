@@ -4,20 +4,11 @@
 
 #include <array>
 
-#include "base/sourcetext.h"
 #include "tokens/lexrules.h"
-#include "tokens/tabs.h"
 #include "tokens/tokencodes.h"
 #include "tokens/vhdltoken.h"
 
-FILE* yyin = nullptr;
-const char* yyname = "standard input";
-OldList* yytoklist = nullptr;
-
 namespace {
-
-int lexLine = 1;
-int lexParenLevel = 0;
 
 /** A character that is a token of its own, or with one of two others behind it. */
 struct Punctuation {
@@ -62,10 +53,12 @@ constexpr Match nothingLeft{T_UNKNOWN, 0};
 /** Cuts one source into tokens. The line feed behind the end of the source lets no rule pass. */
 class Lexer {
  public:
-  explicit Lexer(const SourceText& source)
+  Lexer(const SourceText& source, LexState& counters, OldList& list)
       : at(source.begin()),
         end(source.end()),
-        holdsNul(source.view().find('\0') != std::string_view::npos) {}
+        holdsNul(source.view().find('\0') != std::string_view::npos),
+        state(counters),
+        yytoklist(list) {}
   /** Adds all tokens of the source, T_EOF last. */
   void addTokens();
 
@@ -95,29 +88,33 @@ class Lexer {
   /** Adds a token of another text; nothing is left. */
   Match addText(int typ, std::string_view text);
   /** Adds a token in whose text tabs have become blanks. */
-  Match addExpanded(int typ, std::size_t length) { return addText(typ, ReplaceTabs(take(length))); }
+  Match addExpanded(int typ, std::size_t length) {
+    return addText(typ, state.tabs.ReplaceTabs(take(length)));
+  }
 
   const char* at;
   const char* end;
   bool holdsNul;
   bool isEnded = false;
+  LexState& state;
+  OldList& yytoklist;
 };
 
 void Lexer::add(Match match) {
   const std::string_view text = take(match.length);
-  lexColumn += static_cast<long>(text.size());
-  yytoklist->addItemLast(new VhdlToken(match.typ, lexLine, lexParenLevel, RoomyText{text}));
-  if (match.typ == T_RPAREN) --lexParenLevel;
+  state.tabs.advance(text.size());
+  yytoklist.addItemLast(new VhdlToken(match.typ, state.line, state.parenLevel, RoomyText{text}));
+  if (match.typ == T_RPAREN) --state.parenLevel;
   if (match.typ == T_NEWLINE) {
-    lexColumn = 0;
-    ++lexLine;
+    state.tabs.setColumn(0);
+    ++state.line;
   }
 }
 
 Match Lexer::addText(int typ, std::string_view text) {
-  auto* token = new VhdlToken(typ, lexLine, lexParenLevel, text);
+  auto* token = new VhdlToken(typ, state.line, state.parenLevel, text);
   if (typ == T_ATTRIBUTE_NAME) token->deleteSpaces();
-  yytoklist->addItemLast(token);
+  yytoklist.addItemLast(token);
   return nothingLeft;
 }
 
@@ -146,7 +143,7 @@ Match Lexer::matchSpecial() {
   switch (*at) {
     case '\n': return at == end ? matchEnd() : Match{T_NEWLINE, 1};
     case '\r': ++at; return nothingLeft;
-    case '(': ++lexParenLevel; return {T_LPAREN, 1};
+    case '(': ++state.parenLevel; return {T_LPAREN, 1};
     case ')': return {T_RPAREN, 1};
     case '-': return matchCommentOrDelimiter();
     case '\'': return matchTick();
@@ -155,7 +152,7 @@ Match Lexer::matchSpecial() {
     case '\\': return orPunctuation({T_IDENTIFIER, matchExtendedIdentifier(at, end)});
     case '!':
       ++at;
-      ++lexColumn;
+      state.tabs.advance(1);
       return addText(T_BAR, "|");
     default: return matchPunctuation();
   }
@@ -207,8 +204,6 @@ void Lexer::addTokens() {
 
 }  // namespace
 
-int yylex() {
-  const SourceText source(yyin, yyname);
-  Lexer(source).addTokens();
-  return 0;
+void yylex(const SourceText& source, LexState& state, OldList& yytoklist) {
+  Lexer(source, state, yytoklist).addTokens();
 }

@@ -1,23 +1,21 @@
-// The VHDL lexer: turns one whole source stream, in a single call, into a list of tokens. It
-// rejects nothing, and every byte ends up in some token but carriage returns between tokens.
-// Blanks, line ends and comments are tokens like all others. One lexer serves the process: its line
-// number, column and parenthesis level run on from file to file.
+// The VHDL lexer: turns one whole source, in a single call, into a list of tokens. It rejects
+// nothing, and every byte ends up in some token but carriage returns between tokens. Blanks, line
+// ends and comments are tokens like all others.
 #ifndef QORN_TOKENS_VHDLLEXER_H
 #define QORN_TOKENS_VHDLLEXER_H
 
-#include <cstdio>
-
 #include "base/oldlist.h"
+#include "base/sourcetext.h"
+#include "tokens/tabs.h"
 
-/** The stream to read; closed by the caller. */
-extern FILE* yyin;
-/** Its name in the message of a read error. */
-extern const char* yyname;
-/** The list that tokens are appended to, which owns them. */
-extern OldList* yytoklist;
+/** What runs on from one source of a run to the next. */
+struct LexState {
+  int line = 1;
+  int parenLevel = 0;
+  TabExpander tabs;
+};
 
-/** Reads yyin to its end and appends its tokens, T_EOF last, to yytoklist. Returns 0. A read error
-   is fatal. */
-int yylex();
+/** Appends the tokens of the source, T_EOF last, to the list, which owns them. */
+void yylex(const SourceText& source, LexState& state, OldList& yytoklist);
 
 #endif

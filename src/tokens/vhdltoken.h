@@ -8,25 +8,25 @@
 
 #include "base/dynstring.h"
 #include "base/oldlist.h"
+#include "tokens/casestyles.h"
 #include "tokens/tokencodes.h"
 
+/** A text and the case style in which it is to be printed. */
+struct CaseText {
+  std::string_view text;
+  int style;
+};
+
 /** A token owns its two texts and copies what it is given. Texts that it hands out live until that
-    text changes; those of the case conversions stand in `caseBuffer`, which all tokens share, and
-    live until the next conversion of any token. */
+    text changes. */
 class VhdlToken : public OldListItem {
  public:
   VhdlToken() : VhdlToken(0, 0, 0, std::string_view()) {}
   VhdlToken(int code, int line, int level, std::string_view source)
-      : typ(static_cast<std::int16_t>(code)), parenLevel(level), lineNo(line), text(source) {
-    if (source.size() > DynString::shortMax) [[unlikely]]
-      provideFor(source.size());
-  }
+      : typ(static_cast<std::int16_t>(code)), parenLevel(level), lineNo(line), text(source) {}
   /** The same of a text that can be copied in one block. */
   VhdlToken(int code, int line, int level, RoomyText source)
-      : typ(static_cast<std::int16_t>(code)), parenLevel(level), lineNo(line), text(source) {
-    if (source.text.size() > DynString::shortMax) [[unlikely]]
-      provideFor(source.text.size());
-  }
+      : typ(static_cast<std::int16_t>(code)), parenLevel(level), lineNo(line), text(source) {}
   VhdlToken(const VhdlToken&) = default;
   VhdlToken& operator=(const VhdlToken&) = delete;
   ~VhdlToken() override = default;
@@ -79,29 +79,13 @@ class VhdlToken : public OldListItem {
   // --- Letter case ---
 
   /** The text that is printed, where `formatting` and `layout` are the output's two switches. */
-  std::string_view getCaseText(int formatting, int layout) const;
-  /** The style in which tokens of a code are printed. */
-  static int caseStyleOf(int typ) { return caseStyles[caseGroup(typ)]; }
+  CaseText getCaseText(int formatting, int layout, const CaseStyles& styles) const {
+    if (formatting == 0) return {viewText(0), C_ASIS};
+    return {viewText(layout), styles.of(typ)};
+  }
   /** Writes getText(formatted) in a case style, if it is short, and returns its length; -1 for any
-     other text. Touches DynString::shortMax + 1 bytes of the target. */
+      other text. Touches DynString::shortMax + 1 bytes of the target. */
   int writeShort(char* target, int formatted, int style) const;
-  /** getText(formatted) in a case style; a code that is no style leaves it as it is. */
-  std::string_view getUpperLowerText(int formatted, int style) const;
-
-  static std::string_view AsIs(const DynString& source) { return source.view(); }
-  static std::string_view LowerCase(const DynString& source);
-  static std::string_view UpperCase(const DynString& source);
-  static std::string_view Capitalized(const DynString& source);
-  static std::string_view CapitalizedAfterUnderscore(const DynString& source);
-
-  static void setAttributeCase(int style) { caseStyles[CASE_ATTRIBUTE] = style; }
-  static void setHexCase(int style) { caseStyles[CASE_NUMBER] = style; }
-  static void setIdentCase(int style) { caseStyles[CASE_IDENTIFIER] = style; }
-  static void setKeywordCase(int style) { caseStyles[CASE_KEYWORD] = style; }
-  static int getAttributeCase() { return caseStyles[CASE_ATTRIBUTE]; }
-  static int getHexCase() { return caseStyles[CASE_NUMBER]; }
-  static int getIdentCase() { return caseStyles[CASE_IDENTIFIER]; }
-  static int getKeywordCase() { return caseStyles[CASE_KEYWORD]; }
 
   // --- Wrapping ---
 
@@ -118,9 +102,9 @@ class VhdlToken : public OldListItem {
   /** Draws a comment that ends in a pair of frame characters out to the last column, or tidies the
       pair away; `frame` is 1 where the pair is to stand at the margin behind blanks too. */
   void alignComment(int width, std::string_view chars, int frame);
-  /** Cuts an over-long comment at a blank. Returns the text for the next line, in `caseBuffer`,
-     from where the caller may move it; null when the comment stays whole. */
-  [[nodiscard]] DynString* stripComment(int width, std::string_view chars);
+  /** Cuts an over-long comment at a blank. True if it did; `rest` is then the text for the next
+      line. */
+  [[nodiscard]] bool stripComment(int width, std::string_view chars, DynString& rest);
   /** Takes filler in front of the closing `pair` off a comment that is wider than the line. */
   void trimmComment(int width, std::string_view pair);
 
@@ -128,14 +112,6 @@ class VhdlToken : public OldListItem {
   const DynString& chosen(int formatted) const {
     return hasFormatText != 0 && formatted != 0 ? formatText : text;
   }
-
-  static int caseStyles[caseGroupCount];
-  static DynString& caseBuffer;
-  static DynString& wideCaseBuffer;  // the same for long texts
-  static std::size_t longestSource;  // the wide buffer has room for that many characters
-  /** Makes room for the case conversion of a source text of that length. */
-  void provideFor(std::size_t length);
-  static DynString& bufferFor(const DynString& source);
 
   std::int16_t typ;
   std::int8_t gravity = 1;         // wrap priority; written by VhdlScanner::getNextToken

@@ -2,10 +2,10 @@
 // source can be formatted.
 #include <algorithm>
 
+#include "config/settings.h"
 #include "confignames.h"
 #include "fuzzing.h"
 #include "pipelinerun.h"
-#include "scannerprobe.h"
 
 namespace {
 
@@ -20,14 +20,14 @@ constexpr std::string_view sample =
 /** Whatever stands in front, a closed quote and a key on a line of its own come through. */
 void requireKeyBehind(std::string_view text) {
   OldList keys;
-  readConfiguration(keys, std::string(text) + "\n'\"'\"\nINDENT 3\n");
+  xxlex(std::string(text) + "\n'\"'\"\nINDENT 3\n", keys);
   require(shown(static_cast<QornConfigToken&>(*keys.getLast())) == "INDENTATION=3",
           "no text lasts");
 }
 
-bool isModest(VhdlScanner& scanner) {
-  return std::ranges::all_of(ScannerProbe::numbers, [&](const ScannerProbe::Number& number) {
-    return scanner.*number.member <= largestFormatted;
+bool isModest(const Settings& settings) {
+  return std::ranges::all_of(settingTable(), [&](const Setting& setting) {
+    return setting.number == nullptr || settings.*setting.number <= largestFormatted;
   });
 }
 
@@ -35,18 +35,15 @@ bool isModest(VhdlScanner& scanner) {
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string_view input = viewInput(data, size);
-  setDefaultCases();
-  resetLexer();
-  setenv("QORNRC", ":", 1);  // no folder to search: what is in the list is applied
-  VhdlScanner scanner;
-  OldList& keys = ScannerProbe::configList(scanner);
-  readConfiguration(keys, input);
+  OldList keys;
+  xxlex(input, keys);
   OldList others;
-  readConfiguration(others, folded(input));
+  xxlex(folded(input), others);
   requireWholeLinks(keys);
   require(folded(shown(keys)) == folded(shown(others)), "letter case means nothing");
   requireKeyBehind(input);
-  require(scanner.ReadConfigFile(nullptr) == 0, "the search has no way to fail");
-  if (isModest(scanner)) require(!formatted(scanner, sample).empty(), "there is output");
+  const Settings settings = makeSettings({&input, 1});
+  VhdlScanner scanner(settings);
+  if (isModest(settings)) require(!formatted(scanner, sample).empty(), "there is output");
   return 0;
 }

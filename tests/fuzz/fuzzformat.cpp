@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 
+#include "fmt/formattext.h"
 #include "fuzzing.h"
 #include "pipelinerun.h"
 #include "scannerprobe.h"
@@ -21,26 +22,26 @@ constexpr std::size_t headerSize = 10;
 // --- Settings ---
 
 struct Choice {
-  const char* name;  // as in ScannerProbe::numbers
-  int byte;          // of the header
+  int Settings::*number;
+  int byte;  // of the header
   std::array<int, 8> values;
 };
 
 constexpr Choice choices[] = {
-    {"lineWidth", 1, {80, 0, 1, 20, 40, 60, 132, 1000}},
-    {"indentation", 2, {4, 0, 1, 2, 3, 8, 40, 100}},
-    {"identLength", 3, {20, 0, 1, 5, 10, 30, 80, 1000}},
-    {"commentStartColumn", 4, {40, -1, 0, 1, 20, 60, 79, 200}},
-    {"oldTabsize", 5, {4, 0, 1, 2, 3, 8, 16, 100}},
-    {"tabSize", 6, {4, 0, 1, 2, 3, 8, 16, 100}},
-    {"tabify", 6, {0, 0, 0, 0, 1, 1, 1, 1}},
-    {"style", 7, {C_A, C_B, C_A, C_B, C_A, C_B, C_A, C_B}},
-    {"extendComments", 7, {1, 1, 0, 0, 1, 1, 0, 0}},
-    {"frameBlockComments", 7, {0, 0, 0, 0, 1, 1, 1, 1}},
-    {"interfaceIdentifierList",
+    {&Settings::lineWidth, 1, {80, 0, 1, 20, 40, 60, 132, 1000}},
+    {&Settings::indentation, 2, {4, 0, 1, 2, 3, 8, 40, 100}},
+    {&Settings::identLength, 3, {20, 0, 1, 5, 10, 30, 80, 1000}},
+    {&Settings::commentStartColumn, 4, {40, -1, 0, 1, 20, 60, 79, 200}},
+    {&Settings::oldTabsize, 5, {4, 0, 1, 2, 3, 8, 16, 100}},
+    {&Settings::tabSize, 6, {4, 0, 1, 2, 3, 8, 16, 100}},
+    {&Settings::tabify, 6, {0, 0, 0, 0, 1, 1, 1, 1}},
+    {&Settings::style, 7, {C_A, C_B, C_A, C_B, C_A, C_B, C_A, C_B}},
+    {&Settings::extendComments, 7, {1, 1, 0, 0, 1, 1, 0, 0}},
+    {&Settings::frameBlockComments, 7, {0, 0, 0, 0, 1, 1, 1, 1}},
+    {&Settings::interfaceIdentifierList,
      8,
      {C_WRAPPED, C_VERBOSE, C_ASIS, C_LIST, C_WRAPPED, C_VERBOSE, C_ASIS, C_LIST}},
-    {"associationList",
+    {&Settings::associationList,
      8,
      {C_WRAPPED, C_VERBOSE, C_ASIS, C_LIST, C_ASIS, C_LIST, C_WRAPPED, C_VERBOSE}},
 };
@@ -52,25 +53,20 @@ unsigned byteAt(std::string_view header, int place) {
   return static_cast<unsigned char>(header[static_cast<std::size_t>(place)]);
 }
 
-int& setting(VhdlScanner& scanner, std::string_view name) {
-  const auto* number = std::ranges::find(ScannerProbe::numbers, name, &ScannerProbe::Number::name);
-  return scanner.*number->member;
-}
-
-/** Sets what the header says; with an empty one, the defaults. */
-void configure(VhdlScanner& scanner, std::string_view header) {
-  setDefaultCases();
-  if (header.empty()) return;
+/** What the header says; with an empty one, the defaults. */
+Settings settingsBy(std::string_view header) {
+  Settings settings;
+  if (header.empty()) return settings;
   for (const Choice& choice : choices) {
-    setting(scanner, choice.name) = choice.values[byteAt(header, choice.byte) % 8];
+    settings.*choice.number = choice.values[byteAt(header, choice.byte) % 8];
   }
-  setting(scanner, "commentColumn") = setting(scanner, "commentStartColumn");
   const unsigned last = byteAt(header, 9);
-  if (last % 2 == 1) scanner.setKeepIndentation();
-  VhdlToken::setKeywordCase(caseStyles[last / 2 % 6]);
-  VhdlToken::setIdentCase(caseStyles[last / 3 % 6]);
-  VhdlToken::setHexCase(caseStyles[last / 5 % 6]);
-  VhdlToken::setAttributeCase(caseStyles[last / 7 % 6]);
+  settings.keepIndentation = last % 2 == 1 ? 1 : 0;
+  settings.caseStyles.setGroup(CASE_KEYWORD, caseStyles[last / 2 % 6]);
+  settings.caseStyles.setGroup(CASE_IDENTIFIER, caseStyles[last / 3 % 6]);
+  settings.caseStyles.setGroup(CASE_NUMBER, caseStyles[last / 5 % 6]);
+  settings.caseStyles.setGroup(CASE_ATTRIBUTE, caseStyles[last / 7 % 6]);
+  return settings;
 }
 
 // --- Properties ---
@@ -145,10 +141,10 @@ void requireListPrinted(OldList& list, std::string_view output) {
 /** A column is made of texts to its left, here or on the lines that the indent comes from, with at
     most one step for each token, and comments reach to the line's width. Every printed line end
     stands before or behind a token or a piece of a comment. */
-void requireBounded(VhdlScanner& scanner, const std::vector<Lexed>& source,
+void requireBounded(const Settings& settings, const std::vector<Lexed>& source,
                     std::string_view output) {
-  const int step = std::max(setting(scanner, "indentation"), setting(scanner, "identLength")) + 16;
-  const int margin = setting(scanner, "lineWidth") + setting(scanner, "commentStartColumn");
+  const int step = std::max(settings.indentation, settings.identLength) + 16;
+  const int margin = settings.lineWidth + settings.commentStartColumn;
   std::size_t bytes = 0;
   for (const Lexed& token : source) bytes += token.text.size();
   const std::size_t widest = bytes + source.size() * static_cast<std::size_t>(step) +
@@ -163,18 +159,23 @@ void requireBounded(VhdlScanner& scanner, const std::vector<Lexed>& source,
 }
 
 /** A text behind "--QORN-OFF" comes back as the lexer read it. */
-void requireOffComesBack(std::string_view header, std::string_view text,
+void requireOffComesBack(Settings settings, std::string_view text,
                          const std::vector<Lexed>& source) {
   std::string expected(offLine);
   for (const Lexed& token : source) {
     if (token.typ == T_FORMAT_ON) return;
     expected += token.text;
   }
-  resetLexer();
-  VhdlScanner scanner;
-  configure(scanner, header);
-  setting(scanner, "tabify") = 0;
+  settings.tabify = 0;
+  VhdlScanner scanner(settings);
   require(formatted(scanner, std::string(offLine).append(text)) == expected, "off is off", text);
+}
+
+/** What settled stays. */
+void requireSettled(const Settings& settings, std::string_view text) {
+  const SettledText result = formatUntilSettled(text, settings);
+  if (result.settlement != SETTLED && result.settlement != SWINGING) return;
+  require(formatUntilSettled(result.text, settings).text == result.text, "a result stays", text);
 }
 
 }  // namespace
@@ -184,17 +185,18 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const bool isConfigured = size >= headerSize && input[0] == '#';
   const std::string_view header = input.substr(0, isConfigured ? headerSize : 0);
   const std::string_view text = input.substr(header.size());
-  VhdlScanner scanner;
-  configure(scanner, header);
-  const std::vector<Lexed> source = lexed(text, setting(scanner, "oldTabsize"));
-  resetLexer();
+  const Settings settings = settingsBy(header);
+  const std::vector<Lexed> source = lexed(text, settings.oldTabsize);
+  VhdlScanner scanner(settings);
   const std::string output = formatted(scanner, text);
   OldList& list = ScannerProbe::tokenList(scanner);
   require(list.countPushedAnchors() == 0, "every anchor saved is restored");
   requireWholeLinks(list);
   requireSourceKept(list, source);
   requireListPrinted(list, output);
-  requireBounded(scanner, source, output);
-  requireOffComesBack(header, text, source);
+  requireBounded(settings, source, output);
+  requireOffComesBack(settings, text, source);
+  require(formatText(text, settings) == output, "the library does the same", text);
+  requireSettled(settings, text);
   return 0;
 }

@@ -1,6 +1,5 @@
 // What the fuzz targets share. A target is a function over one text; it aborts where a property
-// does not hold. The lexer's counters run on from text to text, so that a target sets them back
-// first: a finding must show itself again when its text is run alone.
+// does not hold.
 #ifndef QORN_TESTS_FUZZ_FUZZING_H
 #define QORN_TESTS_FUZZ_FUZZING_H
 
@@ -15,7 +14,6 @@
 
 #include "base/ascii.h"
 #include "tokendump.h"
-#include "tokens/tabs.h"
 #include "tokens/vhdltoken.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
@@ -30,16 +28,6 @@ inline void require(bool holds, std::string_view property, std::string_view show
 
 inline std::string_view viewInput(const std::uint8_t* data, std::size_t size) {
   return {reinterpret_cast<const char*>(data), size};
-}
-
-/** Brings the lexer back to level 0 and column 0. */
-inline void resetLexer() {
-  OldList list;
-  lexInto(list, "\n");
-  const int level = static_cast<VhdlToken*>(list.getLast())->getParenLevel();
-  const auto count = static_cast<std::size_t>(std::abs(level));
-  lexInto(list, std::string(count, level > 0 ? ')' : '(') + "\n");
-  lexColumn = 0;
 }
 
 /** The links of a list lead through the same items forward and backward. */
@@ -61,9 +49,8 @@ struct Lexed {
   bool operator==(const Lexed&) const = default;
 };
 
-/** The tokens of a text, T_EOF included, by a lexer that has been set back. */
+/** The tokens of a text, T_EOF included. */
 inline std::vector<Lexed> lexed(std::string_view text, int tabSize = 4) {
-  resetLexer();
   OldList list;
   lexInto(list, text, tabSize);
   requireWholeLinks(list);

@@ -1,4 +1,4 @@
-// One run of the whole pipeline over a text in memory, by way of the standard streams.
+// One run of the whole pipeline over a text in memory.
 #ifndef QORN_TESTS_FUZZ_PIPELINERUN_H
 #define QORN_TESTS_FUZZ_PIPELINERUN_H
 
@@ -7,24 +7,14 @@
 
 /** What the scanner prints for the text; its list stays for inspection. */
 inline std::string formatted(VhdlScanner& scanner, std::string_view text) {
-  FILE* const realInput = stdin;
-  FILE* const realOutput = stdout;
-  char* printed = nullptr;
-  std::size_t length = 0;
-  {
-    const TextStream stream(text);
-    stdin = stream.get();
-    const int result = scanner.setInputFile(nullptr) != 0 ? -1 : scanner.format();
-    stdin = realInput;
-    require(result == 0, "formatting succeeds");
-  }
-  stdout = open_memstream(&printed, &length);
-  scanner.Print(stdout);
-  std::fclose(stdout);
-  stdout = realOutput;
-  std::string output(printed, length);
-  std::free(printed);
-  return output;
+  class Collector : public TextSink {
+   public:
+    void put(std::string_view piece) override { text.append(piece); }
+    std::string text;
+  } collector;
+  require(scanner.format(text) == 0, "formatting succeeds");
+  scanner.Print(collector);
+  return collector.text;
 }
 
 #endif

@@ -1,0 +1,44 @@
+// The keys of the configuration language and what each of them sets: one table, from which all else
+// that speaks of keys is made.
+#ifndef QORN_CONFIG_SETTINGS_H
+#define QORN_CONFIG_SETTINGS_H
+
+#include <span>
+#include <string_view>
+
+#include "base/oldlist.h"
+#include "scanner/settings.h"
+
+/** What a key makes of its value. A value of another kind counts as 0 or as the empty text. */
+enum SettingKind : int {
+  SETTING_CASE,     // a case style
+  SETTING_WORD,     // one of the words of the key
+  SETTING_INTEGER,  // a number
+  SETTING_BOOLEAN,  // 1 for TRUE, 0 for all else
+  SETTING_STRING,   // a quoted text
+  SETTING_NONE,     // anything: files may hold the key, and nothing reads it
+};
+
+struct Setting {
+  int key;
+  SettingKind kind = SETTING_NONE;
+  int Settings::*number = nullptr;      // of words, numbers and booleans
+  int Settings::*twin = nullptr;        // takes the same value
+  int added = 0;                        // to the configured value
+  CaseGroup group = CASE_ASIS;          // of a case style
+  DynString Settings::*text = nullptr;  // of a quoted text
+};
+
+/** One row for each key. */
+[[nodiscard]] std::span<const Setting> settingTable();
+/** The row of a key. */
+[[nodiscard]] const Setting& settingOf(int key);
+
+/** Writes the values of the keys, QornConfigToken objects, into the settings, the first key first.
+    Keys without a value change nothing. Moves the anchor. */
+void setConfigVariables(OldList& keys, Settings& settings);
+
+/** The settings that configuration texts make of the defaults; they behave like one long text. */
+[[nodiscard]] Settings makeSettings(std::span<const std::string_view> configurations);
+
+#endif

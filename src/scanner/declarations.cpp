@@ -160,7 +160,7 @@ void VhdlScanner::Function() {
         popIndent();
         endLine();
         return;
-      case T_IS: endLine(); return;  // a body
+      case T_IS: endHead(); return;  // a body
       default: break;
     }
   }

@@ -3,8 +3,8 @@
 #include "base/columns.h"
 #include "scanner/vhdlscanner.h"
 
-void VhdlScanner::setIndent(int amount, int relative) {
-  indentStack.push(indent);
+void VhdlScanner::setIndent(int amount, int relative, IndentKind kind) {
+  indentStack.push(indent, kind);
   indent = relative == 1 ? addColumns(indent, amount) : amount;
   StatementOpen();
 }

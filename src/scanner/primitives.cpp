@@ -101,6 +101,11 @@ void VhdlScanner::endLine() {
   StatementClosed();
 }
 
+void VhdlScanner::endHead() {
+  indentStack.setKind(LEVEL_BODY);
+  endLine();
+}
+
 void VhdlScanner::setPrevNewline() {
   const AnchorGuard guard(tokenList);
   const int level = getParenLevel();

@@ -13,7 +13,7 @@ constexpr int elsifContinuation = 7;  // a wrapped condition, whatever the inden
 void VhdlScanner::openBody() {
   popTokenIndent();
   setIndent(settings.indentation, /*relative*/ 1);
-  endLine();
+  endHead();
 }
 
 void VhdlScanner::BetweenIfThen() {
@@ -65,12 +65,12 @@ void VhdlScanner::When() {
 
 void VhdlScanner::While() {
   indentUnlessLabelled();
-  if (waitFor(T_LOOP, T_LOOP)) endLine();
+  if (waitFor(T_LOOP, T_LOOP)) endHead();
 }
 
 void VhdlScanner::Loop() {
   indentUnlessLabelled();
-  endLine();
+  endHead();
 }
 
 void VhdlScanner::For() {
@@ -79,7 +79,7 @@ void VhdlScanner::For() {
     switch (getNextTokenTyp()) {
       case T_EOF: return;
       case T_GENERATE:
-      case T_LOOP: endLine(); return;
+      case T_LOOP: endHead(); return;
       case T_SEMICOLON:
         popIndent();
         endLine();

@@ -22,12 +22,12 @@ bool VhdlScanner::readHead(std::initializer_list<int> head) {
 void VhdlScanner::Entity() {
   if (isInstantiated()) return;
   setIndent(settings.indentation, /*relative*/ 1);
-  if (readHead({T_IDENTIFIER, T_IS})) endLine();
+  if (readHead({T_IDENTIFIER, T_IS})) endHead();
 }
 
 void VhdlScanner::Architecture() {
   setIndent(settings.indentation, /*relative*/ 1);
-  if (readHead({T_IDENTIFIER, T_OF, T_IDENTIFIER, T_IS})) endLine();
+  if (readHead({T_IDENTIFIER, T_OF, T_IDENTIFIER, T_IS})) endHead();
 }
 
 void VhdlScanner::Configuration() {
@@ -35,14 +35,14 @@ void VhdlScanner::Configuration() {
   setIndent(settings.indentation, /*relative*/ 1);
   if (!readHead({T_IDENTIFIER, T_OF, T_IDENTIFIER, T_IS})) return;
   inConfiguration = 1;
-  endLine();
+  endHead();
 }
 
 void VhdlScanner::Package() {
   setIndent(settings.indentation, /*relative*/ 1);
   int name = getNextTokenTyp();
   if (name == T_BODY) name = getNextTokenTyp();
-  if (name == T_IDENTIFIER && readHead({T_IS})) endLine();
+  if (name == T_IDENTIFIER && readHead({T_IS})) endHead();
 }
 
 void VhdlScanner::Component() {
@@ -50,7 +50,7 @@ void VhdlScanner::Component() {
   setIndent(settings.indentation, /*relative*/ 1);
   if (!readHead({T_IDENTIFIER})) return;
   if (peekTokenTyp() == T_IS) getNextToken();
-  endLine();
+  endHead();
 }
 
 int VhdlScanner::peekTokenTyp() {
@@ -93,14 +93,14 @@ void VhdlScanner::Process() {
       if (LookForward(1) == T_IS) getNextToken();
     }
   }
-  endLine();
+  endHead();
 }
 
 void VhdlScanner::Begin() {
   if (inBlockHeader == 1) setPrevNewline();  // nothing in a block's header ends its line
   popTokenIndent();
   setNextNewline();
-  setIndent(settings.indentation, /*relative*/ 1);
+  setIndent(settings.indentation, /*relative*/ 1, LEVEL_BODY);
   StatementClosed();
   inBlockHeader = 0;
 }

@@ -13,6 +13,7 @@
 #include "base/sourcetext.h"
 #include "base/stack.h"
 #include "base/textsink.h"
+#include "scanner/indentstack.h"
 #include "scanner/lineruler.h"
 #include "scanner/settings.h"
 #include "scanner/stopindex.h"
@@ -115,9 +116,9 @@ class VhdlScanner {
 
   // --- Indentation (indentation.cpp) ---
 
-  /** Saves the indent, then adds the amount to it (relative 1) or sets it to the amount, and opens
-      the statement. Undone by one popIndent. */
-  void setIndent(int amount, int relative);
+  /** Opens a level: saves the indent, then adds the amount to it (relative 1) or sets it to the
+      amount, and opens the statement. Undone by one popIndent. */
+  void setIndent(int amount, int relative, IndentKind kind = LEVEL_STATEMENT);
   /** Back to the indent saved last, 0 if there is none. */
   void popIndent();
   void StatementClosed() { statementClosed = 1; }
@@ -143,6 +144,8 @@ class VhdlScanner {
   void setNextNewline();
   /** setNextNewline behind a head or a whole statement: the next token starts a statement. */
   void endLine();
+  /** endLine behind a head, for which a level is open: it holds a body from here on. */
+  void endHead();
   /** Starts a line with the anchor token. */
   void setPrevNewline();
   void deleteNewline();
@@ -359,7 +362,7 @@ class VhdlScanner {
 
   // State of the pass, cleared by Reset.
   int indent = 0;           // columns
-  Stack<int> indentStack;   // columns
+  IndentStack indentStack;
   int statementClosed = 1;  // 1 when no statement is open
   int inBlockHeader = 0;    // 1 until the begin of a block
   int inConfiguration = 0;  // 1 inside a configuration

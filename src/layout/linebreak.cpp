@@ -122,8 +122,7 @@ void VhdlScanner::LineBreak() {
     if (isPragma(typ)) isWrapping = typ == T_FORMAT_ON || typ == T_INDENT_ON;
     if (typ == T_COMMENT && isWrapping) drawOutComment(*token);
     if (line.width > settings.lineWidth && isWrapping && WrapLine(line) == 0) continue;
-    if (typ == T_COMMENT) line.surplus += token->textLength(1) - length;
-    if (token->mayHoldTabs()) line.surplus += countTabColumns(*token, 1, settings.indentation);
+    line.surplus += countColumns(*token, 1, settings.indentation) - length;
   }
 }
 

@@ -75,7 +75,7 @@ void VhdlScanner::insertBlanksBefore(int count) {
 }
 
 void VhdlScanner::setNextNewline() {
-  if (isComment(typBehindBlanks())) return;  // the comment stays here, and ends the line
+  if (endsLine(typBehindBlanks())) return;  // the comment stays here
   IndentLine(0);
   const int level = getParenLevel();
   VhdlToken* token = stepForward();

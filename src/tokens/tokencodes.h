@@ -54,8 +54,11 @@ constexpr auto caseGroups = [] {
 /** A comment that switches the layout or the output. */
 [[nodiscard]] constexpr bool isPragma(int typ) { return typ >= T_FORMAT_ON && typ <= T_INDENT_OFF; }
 
-/** Any comment, pragma comments included. */
+/** Any comment, pragma comments included: no part of the code around it. */
 [[nodiscard]] constexpr bool isComment(int typ) { return typ == T_COMMENT || isPragma(typ); }
+
+/** A comment behind which nothing stands on its line. */
+[[nodiscard]] constexpr bool endsLine(int typ) { return isComment(typ); }
 
 /** What the eye passes over: blanks, line ends and comments. */
 [[nodiscard]] constexpr bool isSpacing(int typ) {

@@ -14,12 +14,6 @@ namespace {
 
 constexpr int interfaceExtra = 9;  // an interface name may be that much longer than other names
 
-/** Does a look-ahead that began at `level` end with this token? */
-bool endsList(const VhdlToken& token, int level) {
-  const int typ = token.getTyp();
-  return typ == T_END || (typ == T_RPAREN && token.getParenLevel() <= level);
-}
-
 }  // namespace
 
 void VhdlScanner::alignAt(int width) {
@@ -107,30 +101,14 @@ int VhdlScanner::LongestInterfaceIdentifier(int limit) {
 
 int VhdlScanner::walkOverNames(int level, int classColumn, int limit) {
   const OldListRefItem* cursor = tokenList.getAnchorNode();
-  const AnchorGuard guard(tokenList);
-  int length = 0;
-  int longest = 0;
-  int steps = 0;
-  for (const VhdlToken* token = stepForward(); token != nullptr; token = stepForward(), ++steps) {
-    const int typ = token->getTyp();
-    if (endsList(*token, level)) {
-      stopIndex.countSteps(cursor, tokenList.getAnchorNode(), steps);
-      return longest + 1;
-    }
-    if (isSpacing(typ) || typ == T_RPAREN) continue;
-    if (isClassWord(typ)) {
-      length = addColumns(length, classColumn);
-    } else if (typ == T_COLON || typ == T_COMMA || typ == T_EQUAL) {
-      if (length > longest && length <= limit) longest = length;
-      length = 0;
-    } else if (typ == T_SEMICOLON) {
-      length = 0;
-    } else {
-      length = addColumns(length, token->textLength(1));
-    }
+  if (cursor == nullptr) return T_EOF;
+  const NameWalk walk = walkOverInterfaceNames(cursor, level, classColumn, limit);
+  if (walk.end == nullptr) {
+    stopIndex.build(cursor);
+    return T_EOF;
   }
-  if (cursor != nullptr) stopIndex.build(cursor);
-  return T_EOF;
+  stopIndex.countSteps(cursor, walk.end, walk.steps);
+  return walk.longest + 1;
 }
 
 bool VhdlScanner::isLeftOpen(int level) const {

@@ -29,10 +29,19 @@ constexpr auto wordWidths = [] {
   return widths;
 }();
 
-/** Does a name in an interface list end here? Those before a semicolon are never counted. */
-bool endsName(int typ) {
-  return typ == T_COLON || typ == T_COMMA || typ == T_EQUAL || typ == T_SEMICOLON;
-}
+constexpr auto nameRoles = [] {
+  TokenTable<NameRole> roles(NAME_PART);
+  for (int typ = 0; typ < tokenCodeCount; ++typ) {
+    if (isClassWord(typ)) roles[typ] = NAME_CLASS;
+    if (isSpacing(typ)) roles[typ] = NAME_NOTHING;
+  }
+  for (const int typ : {T_COLON, T_COMMA, T_EQUAL}) roles[typ] = NAME_END;
+  roles[T_SEMICOLON] = NAME_DROPPED;
+  roles[T_RPAREN] = NAME_NOTHING;
+  return roles;
+}();
+
+bool endsName(int typ) { return nameRole(typ) == NAME_END || nameRole(typ) == NAME_DROPPED; }
 
 /** The tokens that look-aheads end at or collect, and those that lists begin with, so that between
     two of these look-aheads a stop is passed. */
@@ -43,7 +52,34 @@ bool isStop(int typ) {
 
 }  // namespace
 
+NameRole nameRole(int typ) { return nameRoles[typ]; }
+
 int wordWidth(WordKind kind, int typ) { return wordWidths[typ][kind]; }
+
+NameWalk walkOverInterfaceNames(const OldListRefItem* cursor, int level, int classColumn,
+                                int limit) {
+  NameWalk walk;
+  int length = 0;
+  for (const auto* node = cursor->getNext(); node != nullptr; node = node->getNext()) {
+    const VhdlToken& token = tokenAt(node);
+    if (endsList(token, level)) {
+      walk.end = node;
+      return walk;
+    }
+    ++walk.steps;
+    switch (nameRole(token.getTyp())) {
+      case NAME_PART: length = addColumns(length, token.textLength(1)); break;
+      case NAME_CLASS: length = addColumns(length, classColumn); break;
+      case NAME_END:
+        if (length > walk.longest && length <= limit) walk.longest = length;
+        length = 0;
+        break;
+      case NAME_DROPPED: length = 0; break;
+      case NAME_NOTHING: break;
+    }
+  }
+  return walk;
+}
 
 // --- Building ---
 
@@ -92,12 +128,12 @@ void StopIndex::build(const OldListRefItem* cursor) {
       stops.push_back(place);
       summaries.add(summarize(place, nameStart));
     }
-    if (endsName(typ)) {
-      nameStart = place;
-    } else if (isClassWord(typ)) {
-      ++place.classWords;
-    } else if (typ != T_RPAREN) {
-      place.columns += tokenAt(node).textLength(1);
+    switch (nameRole(typ)) {
+      case NAME_END:
+      case NAME_DROPPED: nameStart = place; break;
+      case NAME_CLASS: ++place.classWords; break;
+      case NAME_PART: place.columns += tokenAt(node).textLength(1); break;
+      case NAME_NOTHING: break;
     }
   }
   place.node = nullptr;
@@ -115,7 +151,7 @@ StopIndex::Summary StopIndex::summarize(const Stop& stop, const Stop& nameStart)
   summary.hasEnd = typ == T_END;
   summary.widest = wordWidths[typ];
   summary.hasNameEnd = endsName(typ);
-  if (summary.hasNameEnd && typ != T_SEMICOLON) {
+  if (nameRole(typ) == NAME_END) {
     for (std::size_t i = 0; i < classColumns.size(); ++i) {
       summary.longest[i] = nameLength(0, nameStart, stop, classColumns[i]);
     }
@@ -187,6 +223,12 @@ std::vector<OldListRefItem*> StopIndex::wordsToSet(int level, WordKind kind) {
 }
 
 int StopIndex::longestName(const OldListRefItem* cursor, int level, int classColumn) const {
+  const int longest = searchLongestName(cursor, level, classColumn);
+  assert(longest == walkOverInterfaceNames(cursor, level, classColumn, longestCounted).longest);
+  return longest;
+}
+
+int StopIndex::searchLongestName(const OldListRefItem* cursor, int level, int classColumn) const {
   const std::size_t end = listEnd(level);
   const std::size_t first =
       summaries.findFirst(next, [](const Summary& summary) { return summary.hasNameEnd; });
@@ -195,7 +237,7 @@ int StopIndex::longestName(const OldListRefItem* cursor, int level, int classCol
   for (const auto* node = cursor->getNext(); node != stops[next].node; node = node->getNext()) {
     if (!isSpacing(typAt(node))) columns += tokenAt(node).textLength(1);
   }
-  const bool counts = typAt(stops[first].node) != T_SEMICOLON;
+  const bool counts = nameRole(typAt(stops[first].node)) == NAME_END;
   const int firstName = counts ? nameLength(columns, stops[next], stops[first], classColumn) : 0;
   const auto width = std::ranges::find(classColumns, classColumn);  // without class words, any
   const auto kind = static_cast<std::size_t>(width - classColumns.begin()) % classColumns.size();

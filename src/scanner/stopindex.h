@@ -26,6 +26,33 @@ constexpr int severalEntries = 2;  // more are never counted
 /** The words of an interface list that claim columns, which all its entries then keep free. */
 enum WordKind : unsigned { MODE_WORD, CLASS_WORD };
 
+/** What a token is to the names of an interface list. */
+enum NameRole : std::uint8_t {
+  NAME_PART,     // it counts
+  NAME_CLASS,    // a class word, which counts as the column of class words
+  NAME_END,      // the name in front is complete
+  NAME_DROPPED,  // what stands in front was none
+  NAME_NOTHING,  // it does not count
+};
+[[nodiscard]] NameRole nameRole(int typ);
+
+/** Does a list end with this token, where a look-ahead for its end began at `level`? */
+[[nodiscard]] inline bool endsList(const VhdlToken& token, int level) {
+  const int typ = token.getTyp();
+  return typ == T_END || (typ == T_RPAREN && token.getParenLevel() <= level);
+}
+
+/** What a walk over the names of an interface list finds. */
+struct NameWalk {
+  int longest = 0;                      // columns; wider names than the limit count as none
+  int steps = 0;                        // tokens that were passed
+  const OldListRefItem* end = nullptr;  // the token that ends the list; null if none does
+};
+
+/** Walks over the list that stands behind a node, where each class word counts as `classColumn`. */
+[[nodiscard]] NameWalk walkOverInterfaceNames(const OldListRefItem* cursor, int level,
+                                              int classColumn, int limit);
+
 /** Columns that a word of that kind claims, itself and one blank; 0 for all other tokens. */
 [[nodiscard]] int wordWidth(WordKind kind, int typ);
 
@@ -67,8 +94,9 @@ class StopIndex {
       them; none if they have been set so by an earlier call. */
   [[nodiscard]] std::vector<OldListRefItem*> wordsToSet(int level, WordKind kind);
   /** The longest name of the list ahead, each class word counted as `classColumn`; as
-      VhdlScanner::LongestInterfaceIdentifier measures it. Requires: the list has an end, the cursor
-      is on that node, and `classColumn` is the width of the widest class word in the list. */
+      walkOverInterfaceNames finds it, which a debug build holds against it. Requires: the list has
+     an end, the cursor is on that node, and `classColumn` is the width of the widest class word in
+     the list. */
   [[nodiscard]] int longestName(const OldListRefItem* cursor, int level, int classColumn) const;
 
  private:
@@ -101,6 +129,7 @@ class StopIndex {
   /** The length of a name between two stops; 0 if it is too long to count. */
   int nameLength(long long columns, const Stop& from, const Stop& to, int classColumn) const;
   std::size_t listEnd(int level) const;
+  int searchLongestName(const OldListRefItem* cursor, int level, int classColumn) const;
 
   std::vector<Stop> stops;       // in the order of the list, closed by an entry without a node
   BlockTree<Summary> summaries;  // of the stops, but for the last entry

@@ -361,7 +361,7 @@ class VhdlScanner {
   FILE* outFile = nullptr;
 
   // State of the pass, cleared by Reset.
-  int indent = 0;           // columns
+  int indent = 0;  // columns
   IndentStack indentStack;
   int statementClosed = 1;  // 1 when no statement is open
   int inBlockHeader = 0;    // 1 until the begin of a block

@@ -5,21 +5,15 @@
 #include <string>
 
 #include "config/configlexer.h"
+#include "config/configreader.h"
 #include "config/configtoken.h"
 #include "tokendump.h"
 #include "tokens/tokencodes.h"
 
-/** The name of a configuration code without its prefix; any other number as its digits. */
+/** The name of a configuration code; any other number as its digits. */
 inline std::string codeName(int code) {
-  switch (code) {
-#define QORN_CONFIGCODE(name, number) \
-  case name:                          \
-    return std::string(#name).substr(2);
-#define QORN_KEY(name, form)
-#define QORN_VALUE(name, form)
-#include "tokens/configcodes.def"
-    default: return std::to_string(code);
-  }
+  const std::string_view name = configName(code);
+  return name.empty() ? std::to_string(code) : std::string(name);
 }
 
 /** "KEY" without a value, else "KEY=WORD", "KEY=12" or "KEY='text'". */

@@ -11,36 +11,84 @@ namespace {
 
 constexpr int firstColumn = -1;  // files count columns from 1
 
-constexpr Setting caseStyle(int key, CaseGroup group) {
-  return {.key = key, .kind = SETTING_CASE, .group = group};
+constexpr int caseStyles[] = {C_UPPERCASE, C_LOWERCASE, C_CAPITALIZED, C_CAPITALIZEAFTERUNDERSCORE,
+                              C_ASIS};
+constexpr int styles[] = {C_A, C_B};
+constexpr int listFormats[] = {C_WRAPPED, C_LIST, C_VERBOSE};
+constexpr int truthValues[] = {C_TRUE, C_FALSE};
+
+constexpr Setting cased(int key, CaseGroup group, const char* help) {
+  return {.key = key, .kind = SETTING_CASE, .group = group, .choices = caseStyles, .help = help};
 }
 
-constexpr Setting quoted(int key, DynString Settings::*text) {
-  return {.key = key, .kind = SETTING_STRING, .text = text};
+constexpr Setting word(int key, int Settings::*member, std::span<const int> choices,
+                       const char* help) {
+  return {.key = key, .kind = SETTING_WORD, .number = member, .choices = choices, .help = help};
+}
+
+constexpr Setting number(int key, int Settings::*member, int least, int most, const char* help) {
+  return {.key = key,
+          .kind = SETTING_INTEGER,
+          .number = member,
+          .least = least,
+          .most = most,
+          .help = help};
+}
+
+constexpr Setting truth(int key, int Settings::*member, const char* help) {
+  return {
+      .key = key, .kind = SETTING_BOOLEAN, .number = member, .choices = truthValues, .help = help};
+}
+
+constexpr Setting quoted(int key, DynString Settings::*text, const char* help) {
+  return {.key = key, .kind = SETTING_STRING, .text = text, .help = help};
+}
+
+constexpr Setting withTwin(Setting setting, int Settings::*twin) {
+  setting.twin = twin;
+  return setting;
+}
+
+constexpr Setting shifted(Setting setting, int added) {
+  setting.added = added;
+  return setting;
 }
 
 constexpr Setting none(int key) { return {.key = key}; }
 
+// Rows stand in the order in which people are shown them.
 // clang-format off
 constexpr Setting table[] = {
-    caseStyle(C_ATTRIBUTECASE,  CASE_ATTRIBUTE),
-    caseStyle(C_HEXDIGITS,      CASE_NUMBER),
-    caseStyle(C_IDENTIFIERCASE, CASE_IDENTIFIER),
-    caseStyle(C_KEYWORDCASE,    CASE_KEYWORD),
-    quoted(C_BACKUPFILEEXTENSION,    &Settings::backupFileExtension),
-    quoted(C_BLOCKCOMMENTCHARACTERS, &Settings::blockCommentCharacters),
-    {C_COMMENTSTARTCOLUMN,      SETTING_INTEGER, &Settings::commentStartColumn, nullptr, firstColumn},
-    {C_IDENTLENGTH,             SETTING_INTEGER, &Settings::identLength},
-    {C_INDENTATION,             SETTING_INTEGER, &Settings::indentation},
-    {C_LINEWIDTH,               SETTING_INTEGER, &Settings::lineWidth},
-    {C_TABSIZE,                 SETTING_INTEGER, &Settings::tabSize, &Settings::oldTabsize},
-    {C_ASSOCIATIONLIST,         SETTING_WORD,    &Settings::associationList},
-    {C_INTERFACEIDENTIFIERLIST, SETTING_WORD,    &Settings::interfaceIdentifierList},
-    {C_STYLE,                   SETTING_WORD,    &Settings::style},
-    {C_EXTENDCOMMENTS,          SETTING_BOOLEAN, &Settings::extendComments},
-    {C_FRAMEBLOCKCOMMENTS,      SETTING_BOOLEAN, &Settings::frameBlockComments},
-    {C_KEEPBACKUPFILE,          SETTING_BOOLEAN, &Settings::keepBackupFile},
-    {C_TABIFY,                  SETTING_BOOLEAN, &Settings::tabify},
+    cased(C_KEYWORDCASE,    CASE_KEYWORD,    "letter case of reserved words"),
+    cased(C_IDENTIFIERCASE, CASE_IDENTIFIER, "letter case of names"),
+    cased(C_ATTRIBUTECASE,  CASE_ATTRIBUTE,  "letter case of predefined attributes"),
+    cased(C_HEXDIGITS,      CASE_NUMBER,     "letter case in numbers and bit strings"),
+    word(C_STYLE,           &Settings::style, styles,
+         "B gives opening parentheses lines of their own"),
+    number(C_INDENTATION,   &Settings::indentation, 1, 16, "columns of one step"),
+    number(C_LINEWIDTH,     &Settings::lineWidth, 20, 10000,
+           "columns of a line; longer lines are wrapped"),
+    word(C_INTERFACEIDENTIFIERLIST, &Settings::interfaceIdentifierList, listFormats,
+         "entries of port and generic clauses: WRAPPED gives each a line"),
+    word(C_ASSOCIATIONLIST, &Settings::associationList, listFormats,
+         "entries of port and generic maps: WRAPPED gives each a line"),
+    number(C_IDENTLENGTH,   &Settings::identLength, 1, 1000,
+           "names of this length and more are left out of alignment"),
+    shifted(number(C_COMMENTSTARTCOLUMN, &Settings::commentStartColumn, 1, 10000,
+                   "column of comments after code, counted from 1"), firstColumn),
+    truth(C_EXTENDCOMMENTS, &Settings::extendComments,
+          "draw comment lines that end in frame characters out to the margin"),
+    truth(C_FRAMEBLOCKCOMMENTS, &Settings::frameBlockComments,
+          "set a closing pair of frame characters after words at the margin"),
+    quoted(C_BLOCKCOMMENTCHARACTERS, &Settings::blockCommentCharacters,
+           "characters that make frames"),
+    withTwin(number(C_TABSIZE, &Settings::tabSize, 1, 16,
+                    "columns between tab stops, in the input and in the output"),
+             &Settings::oldTabsize),
+    truth(C_TABIFY,         &Settings::tabify, "write tabs for runs of blanks"),
+    truth(C_KEEPBACKUPFILE, &Settings::keepBackupFile, "qorn keeps the old text of a file"),
+    quoted(C_BACKUPFILEEXTENSION, &Settings::backupFileExtension,
+           "what qorn puts after the name of a backup"),
     none(C_ARCHITECTUREHEADERFILENAME),
     none(C_CONFIGURATIONHEADERFILENAME),
     none(C_ENTITYHEADERFILENAME),

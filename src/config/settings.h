@@ -12,13 +12,15 @@
 /** What a key makes of its value. A value of another kind counts as 0 or as the empty text. */
 enum SettingKind : int {
   SETTING_CASE,     // a case style
-  SETTING_WORD,     // one of the words of the key
+  SETTING_WORD,     // one of a few words
   SETTING_INTEGER,  // a number
   SETTING_BOOLEAN,  // 1 for TRUE, 0 for all else
   SETTING_STRING,   // a quoted text
   SETTING_NONE,     // anything: files may hold the key, and nothing reads it
 };
 
+/** A key with what it sets and what people may sensibly give it. The default is what a new object
+    holds. */
 struct Setting {
   int key;
   SettingKind kind = SETTING_NONE;
@@ -27,6 +29,10 @@ struct Setting {
   int added = 0;                        // to the configured value
   CaseGroup group = CASE_ASIS;          // of a case style
   DynString Settings::*text = nullptr;  // of a quoted text
+  std::span<const int> choices{};       // words or numbers; empty: any
+  int least = 0;                        // sensible numbers, where there are no choices
+  int most = 0;
+  const char* help = "";  // one line without a full stop
 };
 
 /** One row for each key. */

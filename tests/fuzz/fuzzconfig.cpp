@@ -4,6 +4,7 @@
 
 #include "config/settings.h"
 #include "confignames.h"
+#include "fmt/settingcheck.h"
 #include "fuzzing.h"
 #include "pipelinerun.h"
 
@@ -31,6 +32,17 @@ bool isModest(const Settings& settings) {
   });
 }
 
+/** What is shown of the settings gives them again, and what no key has set is as by default. */
+void requireShownSettings(std::string_view text, const Settings& settings) {
+  const ConfigText file{"rc", std::string(text)};
+  std::vector<SettingOrigin> origins = checkSettings({&file, 1}).origins;
+  const std::string whole = settingsText(settings, origins);
+  const std::string_view again = whole;
+  require(settingsText(makeSettings({&again, 1}), origins) == whole, "settings come back");
+  std::erase_if(origins, [](const SettingOrigin& origin) { return !origin.place.empty(); });
+  require(settingsText(settings, origins) == settingsText(Settings(), origins), "defaults stay");
+}
+
 }  // namespace
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -43,6 +55,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   require(folded(shown(keys)) == folded(shown(others)), "letter case means nothing");
   requireKeyBehind(input);
   const Settings settings = makeSettings({&input, 1});
+  requireShownSettings(input, settings);
   VhdlScanner scanner(settings);
   if (isModest(settings)) require(!formatted(scanner, sample).empty(), "there is output");
   return 0;

@@ -1,0 +1,168 @@
+// The search ends in the root of a work tree, in the home directory or in that of the file system:
+// a file of someone else's further up has no say.
+#include "fmt/settingsource.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <iterator>
+#include <string_view>
+#include <system_error>
+
+#include "config/settings.h"
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr const char* configName = ".qornrc";
+
+/** The folder without links, "." and ".."; what doesn't exist stays as it is named. */
+fs::path canonicalFolder(const fs::path& folder) {
+  std::error_code error;
+  const fs::path absolute = fs::absolute(folder.empty() ? "." : folder, error);
+  const fs::path canonical = fs::weakly_canonical(absolute, error);
+  if (error) return absolute.lexically_normal();
+  return canonical.has_filename() ? canonical : canonical.parent_path();
+}
+
+/** The name of a file as messages show it: relative if it is below the current folder. */
+std::string shownName(const fs::path& file) {
+  std::error_code error;
+  const fs::path relative = file.lexically_relative(fs::current_path(error));
+  const bool isBelow = !error && !relative.empty() && *relative.begin() != "..";
+  return (isBelow ? relative : file).string();
+}
+
+/** Reads a file whole. 0, or the number of the error. */
+int readFile(const std::string& name, std::string& text) {
+  FILE* stream = std::fopen(name.c_str(), "rb");
+  if (stream == nullptr) return errno;
+  char block[16384];
+  std::size_t count = 0;
+  while ((count = std::fread(block, 1, sizeof block, stream)) > 0) text.append(block, count);
+  const int error = std::ferror(stream) != 0 ? errno : 0;
+  std::fclose(stream);
+  return error;
+}
+
+/** Is there a file to be read, or at least one that should be? A link that leads nowhere is. */
+bool holdsConfiguration(const fs::path& file) {
+  std::error_code error;
+  const fs::file_status status = fs::status(file, error);
+  if (fs::is_regular_file(status)) return true;
+  if (fs::exists(status)) return false;
+  if (status.type() == fs::file_type::not_found) return fs::is_symlink(file, error);
+  return true;  // not known, so reading it says why
+}
+
+bool isSearchEnd(const fs::path& folder, const std::string& home) {
+  std::error_code error;
+  return folder == home || folder == folder.root_path() || fs::exists(folder / ".git", error);
+}
+
+/** The files that a list of folders holds. */
+std::vector<std::string> filesOf(std::string_view folders) {
+  std::vector<std::string> files;
+  while (!folders.empty()) {
+    const std::string_view folder = folders.substr(0, folders.find(':'));
+    folders.remove_prefix(std::min(folder.size() + 1, folders.size()));
+    if (folder.empty()) continue;
+    const fs::path file = fs::path(folder) / configName;
+    if (holdsConfiguration(file)) files.push_back(file.string());
+  }
+  return files;
+}
+
+}  // namespace
+
+SettingSource::SettingSource(const std::string& named) {
+  store.emplace_back();
+  const char* folders = std::getenv("QORNRC");
+  if (!named.empty()) {
+    forAll = &read({named});
+  } else if (folders != nullptr) {
+    forAll = &read(filesOf(folders));
+  } else if (const char* folder = std::getenv("HOME"); folder != nullptr && *folder != '\0') {
+    home = canonicalFolder(folder).string();
+  }
+}
+
+const Configuration& SettingSource::ofFile(const std::string& file) {
+  std::error_code error;
+  if (forAll == nullptr && fs::is_symlink(file, error)) {
+    const fs::path target = fs::canonical(file, error);
+    if (!error) return ofFolder(target.parent_path().string());
+  }
+  return ofFolder(fs::path(file).parent_path().string());
+}
+
+const Configuration& SettingSource::ofFolder(const std::string& folder) {
+  if (forAll != nullptr) return *forAll;
+  const std::lock_guard lock(mutex);
+  const Configuration*& answer = given[folder];
+  if (answer == nullptr) answer = &nearest(canonicalFolder(folder).string());
+  return *answer;
+}
+
+/** The folders on the way up to the answer get it too. */
+const Configuration& SettingSource::nearest(const std::string& folder) {
+  std::vector<std::string> passed;
+  const Configuration* answer = nullptr;
+  for (fs::path place = folder; answer == nullptr; place = place.parent_path()) {
+    if (const auto known = found.find(place.string()); known != found.end()) {
+      answer = known->second;
+      break;
+    }
+    passed.push_back(place.string());
+    const fs::path file = place / configName;
+    if (holdsConfiguration(file)) {
+      answer = &read({file.string()});
+    } else if (isSearchEnd(place, home)) {
+      answer = &store.front();
+    }
+  }
+  for (const std::string& place : passed) found[place] = answer;
+  return *answer;
+}
+
+const Configuration& SettingSource::read(const std::vector<std::string>& files) {
+  Configuration& configuration = store.emplace_back();
+  std::vector<std::string_view> texts;
+  for (const std::string& file : files) {
+    ConfigText& config = configuration.files.emplace_back(ConfigText{shownName(file), ""});
+    const int error = readFile(file, config.text);
+    if (error == 0) continue;
+    configuration.trouble = config.name + ": " + std::strerror(error);
+    return configuration;
+  }
+  for (const ConfigText& config : configuration.files) texts.push_back(config.text);
+  configuration.settings = makeSettings(texts);
+  return configuration;
+}
+
+std::vector<std::string> SettingSource::complaints() {
+  const std::lock_guard lock(mutex);
+  std::map<std::string, const Configuration*> byName;
+  for (const Configuration& configuration : store) {
+    if (!configuration.files.empty()) byName[configuration.files.front().name] = &configuration;
+  }
+  std::vector<std::string> all;
+  for (const auto& [name, configuration] : byName) {
+    std::ranges::copy(complaintsAbout(*configuration), std::back_inserter(all));
+  }
+  return all;
+}
+
+std::vector<std::string> complaintsAbout(const Configuration& configuration) {
+  if (!configuration.trouble.empty()) return {configuration.trouble};
+  return checkSettings(configuration.files).complaints;
+}
+
+SettingsReport reportSettings(const Configuration& configuration) {
+  const SettingCheck check = checkSettings(configuration.files);
+  return {settingsText(configuration.settings, check.origins), complaintsAbout(configuration)};
+}

@@ -25,7 +25,7 @@ TEST(ProgramOptionsTest, MessagesEndTheRunBeforeAnyInput) {
       {"-c . a.vhd", 2, "Error! qorn: .: Is a directory\n"},
       {"-t 0 a.vhd", 1, "Error! option -t needs a number above 0: 0\nuse qorn -h for help\n"},
       {"-t -4 a.vhd", 1, "Error! option -t needs a number above 0: -4\nuse qorn -h for help\n"},
-      {"-t x -c missing", 1, "Error! option -t needs a number above 0: x\nuse qorn -h for help\n"},
+      {"-t x -c missing", 1, "Error! qorn: missing: No such file or directory\n"},
       {"-t -99999999999", 1,
        "Error! option -t needs a number above 0: -99999999999\nuse qorn -h for help\n"},
   };
@@ -71,6 +71,20 @@ TEST(ProgramOptionsTest, OptionsReachTheFormatter) {
     EXPECT_EQ(run.err, "") << row.name;
     EXPECT_EQ(run.status, 0) << row.name;
   }
+}
+
+TEST(ProgramOptionsTest, ReportsAFoundConfigurationThatIsNoFile) {
+  expectRuns({
+      {"a pipe, such as the one that the source comes from",
+       "ln -s /dev/stdin .qornrc; cat a.vhd | QORNRC=. timeout 10 qorn", 0, "USE a;\n",
+       "Error! qorn: ./.qornrc: Not a regular file\n"},
+      {"a folder", "mkdir .qornrc; QORNRC=. qorn <a.vhd", 0, "USE a;\n",
+       "Error! qorn: ./.qornrc: Not a regular file\n"},
+      {"a link to nothing", "ln -s none .qornrc; QORNRC=. qorn <a.vhd", 0, "USE a;\n",
+       "Error! qorn: ./.qornrc: No such file or directory\n"},
+      {"a named one may be a pipe", "echo KEYWORD LOWER | qorn -c /dev/stdin a.vhd; cat a.vhd", 0,
+       "use a;\n", ""},
+  });
 }
 
 TEST(ProgramOptionsTest, SignalsEndTheRunWithAStatus) {

@@ -36,6 +36,8 @@ TEST(ProgramTest, RewritesFilesAndKeepsBackups) {
        "ln -s a.vhd l; qorn -c rc l; readlink l; cat a.vhd", 0, "a.vhd\nUSE a;\n", ""},
       {"what a pragma comment switches holds to the end of its file",
        "echo --QORN-OFF >b; qorn b a.vhd; cat a.vhd", 0, "USE a;\n", ""},
+      {"the backup is a hard link to the file", "ln a.vhd a.vhd.bak; qorn a.vhd; ls; cat a*", 0,
+       "a.vhd\na.vhd.bak\nrc\nUSE a;\nuse a ;\n", ""},
       {"a hard link keeps the old text", "ln a.vhd h; qorn a.vhd; cat h a.vhd", 0,
        "use a ;\nUSE a;\n", ""},
   });
@@ -47,7 +49,9 @@ TEST(ProgramTest, EndsAtAFileThatCannotBeRead) {
       {"a folder", "qorn .", 2, "", "Error! qorn: .: Is a directory\n"},
       {"no such name", "VHDLEXT= qorn a", 1, "",
        "Error! unable to open file a\n       No such file or directory\n"},
-      {"files before it stay rewritten, those behind it as they are",
+      {"a pipe by name", "mkfifo p; timeout 10 qorn p", 1, "",
+       "Error! unable to open file p\n       Not a regular file\n"},
+      {"files before it stay rewritten, those after it as they are",
        "cp a.vhd b.vhd; qorn a.vhd missing b.vhd || cat a.vhd a.vhd.bak b.vhd", 0,
        "USE a;\nuse a ;\nuse a ;\n",
        "Error! unable to open file missing\n       No such file or directory\n"},
@@ -56,9 +60,10 @@ TEST(ProgramTest, EndsAtAFileThatCannotBeRead) {
 
 TEST(ProgramTest, GoesOnBehindAFileThatCannotBeWritten) {
   expectRuns({
-      {"no output", "echo 'use a ;' | qorn >&-", 0, "", "Error! qorn: Bad file descriptor\n"},
+      {"no output", "echo 'use a ;' | qorn >&-", 0, "",
+       "Error! qorn: standard output: Bad file descriptor\n"},
       {"a full device", "echo 'use a ;' | qorn >/dev/full", 0, "",
-       "Error! qorn: No space left on device\n"},
+       "Error! qorn: standard output: No space left on device\n"},
       {"no stream at all", "qorn a.vhd <&- >&- 2>&-; cat a.vhd a.vhd.bak", 0, "USE a;\nuse a ;\n",
        ""},
       {"the backup is a folder", "cp a.vhd b.vhd; mkdir a.vhd.bak; qorn a.vhd b.vhd; cat ?.vhd", 0,
@@ -66,15 +71,28 @@ TEST(ProgramTest, GoesOnBehindAFileThatCannotBeWritten) {
       {"the backup's name is too long",
        "f=$(printf %255s | tr ' ' x); cp a.vhd $f; qorn $f a.vhd; cat $f a.vhd", 0,
        "use a ;\nUSE a;\n", "Error! qorn: File name too long\n"},
-      {"the backup's name leads into a folder",
-       "echo 'BACKUPFILE \"/x\"' >rc; qorn -c rc a.vhd; cat a.vhd", 0, "use a ;\n",
-       "Error! qorn: Not a directory\n"},
+      {"the backup's name leads into another folder",
+       "mkdir a.vhdx; echo 'BACKUPFILE \"x/../b\"' >rc; qorn -c rc a.vhd; ls; cat a.vhd", 0,
+       "a.vhd\na.vhdx\nrc\nuse a ;\n", "Error! qorn: Not a directory\n"},
+      {"the file is a link to its backup",
+       "mv a.vhd a.vhd.bak; ln -s a.vhd.bak a.vhd; qorn a.vhd; cat a.vhd.bak", 0, "use a ;\n",
+       "Error! qorn: File exists\n"},
       {"a file of the system", "qorn -c rc /proc/sys/kernel/ostype a.vhd 2>&1 | cut -c1-13; cat *",
        0, "Error! qorn: \nUSE a;\nKEEPBACKUPFILE FALSE\n", ""},
-      {"the output breaks off",
-       "yes 'use a ;' | head -20000 >b.vhd; cp b.vhd c; trap '' XFSZ; (ulimit -f 128; qorn b.vhd "
-       "a.vhd); cmp b.vhd.bak c && wc -c <b.vhd; cat a.vhd",
-       0, "65536\nUSE a;\n", "Error! qorn: File too large\n"},
+      {"the output breaks off, and then there is room",
+       "yes 'use a ;' | head -20000 >b.vhd; cp b.vhd c; trap '' XFSZ; (ulimit -f 64; qorn b.vhd "
+       "a.vhd); cat a.vhd; cmp b.vhd c && ls && qorn b.vhd && cmp b.vhd.bak c && wc -c <b.vhd",
+       0, "USE a;\na.vhd\na.vhd.bak\nb.vhd\nc\nrc\n140000\n",
+       "Error! qorn: b.vhd: File too large\n"},
+      {"the same without a backup",
+       "yes 'constant a;' | head -9000 >b.vhd; cp b.vhd c; trap '' XFSZ; (ulimit -f 220; qorn -c "
+       "rc "
+       "b.vhd); cmp b.vhd c && ls",
+       0, "a.vhd\nb.vhd\nc\nrc\n", "Error! qorn: b.vhd: File too large\n"},
+      {"room for no copy where no backup is wanted",
+       "yes 'use a ;' | head -20000 >b.vhd; cp b.vhd c; trap '' XFSZ; (ulimit -f 64; qorn -c rc "
+       "b.vhd); cmp b.vhd c && ls",
+       0, "a.vhd\nb.vhd\nc\nrc\n", "Error! qorn: b.vhd: File too large\n"},
   });
 }
 

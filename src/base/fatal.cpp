@@ -5,7 +5,7 @@
 
 #include "base/exitstatus.h"
 
-void fatalError(const char* message, const char* reason) {
+void reportFault(const char* message, const char* reason) {
   std::fputs("Error! qorn: ", stderr);  // unbuffered, as every standard error stream
   std::fputs(message, stderr);
   if (reason != nullptr) {
@@ -13,6 +13,10 @@ void fatalError(const char* message, const char* reason) {
     std::fputs(reason, stderr);
   }
   std::fputs("\n", stderr);
+}
+
+void fatalError(const char* message, const char* reason) {
+  reportFault(message, reason);
   endRun(STATUS_FATAL);
 }
 

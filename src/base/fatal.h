@@ -7,6 +7,9 @@
     where a reason is given, and ends the run with status 2. */
 [[noreturn]] void fatalError(const char* message, const char* reason = nullptr);
 
+/** The same line for a fault that the run outlives. */
+void reportFault(const char* message, const char* reason = nullptr);
+
 /** The handler to give to std::set_new_handler: no memory is a fatal error. */
 [[noreturn]] void outOfMemory();
 

@@ -7,9 +7,11 @@
 #include <cstring>
 
 #include "base/dynstring.h"
+#include "base/fatal.h"
 #include "base/oldlist.h"
 #include "base/sourcetext.h"
 #include "base/stringlist.h"
+#include "base/system.h"
 #include "config/configlexer.h"
 #include "config/settings.h"
 
@@ -26,13 +28,23 @@ int scanConfigFile(const char* path, OldList& keys) {
   return 0;
 }
 
+/** Reads what the search may have found; a file that is there and can't be read is reported. */
+void scanFoundFile(const char* path, OldList& keys) {
+  const FileState found = stateOf(path);
+  if (found.kind == REGULAR_FILE && !isSpecialFile(path) && scanConfigFile(path, keys) == 0) return;
+  const int failure = errno;
+  if (stateOfEntry(path).kind == NO_FILE) return;  // a directory need not hold one
+  const bool isOther = found.kind == FOLDER || isSpecialFile(path);
+  reportFault(path, isOther ? "Not a regular file" : std::strerror(failure));
+}
+
 }  // namespace
 
 int ReadConfigFile(const char* path, Settings& settings) {
   OldList keys;
   if (path != nullptr) {
     if (scanConfigFile(path, keys) != 0) {
-      std::fprintf(stderr, "Error! qorn: %s: %s\n", path, std::strerror(errno));
+      reportFault(path, std::strerror(errno));
       return -1;
     }
     setConfigVariables(keys, settings);
@@ -45,7 +57,7 @@ int ReadConfigFile(const char* path, Settings& settings) {
   for (; directory != nullptr; directory = directories.getNextString()) {
     DynString file(directory);
     file.cat("/.qornrc");
-    (void)scanConfigFile(file.get(), keys);  // a directory need not hold one
+    scanFoundFile(file.get(), keys);
   }
   setConfigVariables(keys, settings);
   return 0;

@@ -43,12 +43,13 @@ int checkTabsize(const char* value) {
 }
 
 /** Reads the configuration, then the options, which win over it. -1 if a named configuration file
-    can't be opened. */
+    can't be opened or -t is not given a number above 0. */
 int configure(ArgScan& options, Settings& settings) {
   const char* configFile = options.getSwitch('c');
   const bool isNamed = configFile[0] != '\0';
   if (ReadConfigFile(isNamed ? configFile : nullptr, settings) != 0) return -1;
   const char* tabsize = options.getSwitch('t');
+  if (checkTabsize(tabsize) != 0) return -1;
   if (tabsize[0] != '\0') settings.oldTabsize = integerAt(tabsize);
   if (options.getFlag('k') == 1) settings.keepIndentation = 1;
   return 0;
@@ -92,9 +93,7 @@ ExitStatus run(int argc, char** argv) {
     return STATUS_OK;
   }
   Settings settings;
-  if (checkTabsize(options.getSwitch('t')) != 0 || configure(options, settings) != 0) {
-    return STATUS_FAILED;
-  }
+  if (configure(options, settings) != 0) return STATUS_FAILED;
   VhdlScanner& scanner =
       *new VhdlScanner(settings);  // goes with the process, sooner than by a walk
   if (options.getFlag('i') == 1) scanner.setIncludeOption();

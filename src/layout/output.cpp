@@ -6,6 +6,8 @@
 #include <cstring>
 
 #include "base/columns.h"
+#include "base/fatal.h"
+#include "base/filereplacement.h"
 #include "scanner/vhdlscanner.h"
 
 namespace {
@@ -46,19 +48,16 @@ class Printing {
   TokenTable<int> styles{C_ASIS};  // by code, so that a token needs one look
 };
 
-/** Writes to a stream. Once a write has failed, the system's error number is kept and nothing more
-    is written. */
-class FileSink : public TextSink {
+/** Writes to the standard output, past its stream: nothing is left to be written when a signal ends
+    the run. Once a write has failed, the error is kept and nothing more is written. */
+class StandardOutput : public TextSink {
  public:
-  explicit FileSink(FILE* target) : stream(target) {}
   void put(std::string_view text) override {
-    if (error != 0) return;
-    if (std::fwrite(text.data(), 1, text.size(), stream) < text.size()) error = errno;
+    if (error == 0 && writeAll(standardOutput, text) != 0) error = errno;
   }
   int getError() const { return error; }
 
  private:
-  FILE* stream;
   int error = 0;
 };
 
@@ -105,11 +104,18 @@ class OutputBuffer {
 
 void VhdlScanner::Print(FILE* stream) {
   if (settings.tabify != 0) reserveTabifyBuffer();  // from the opening on, nothing takes memory
-  outFile = stream == nullptr ? OpenOutfile() : stdout;
-  if (outFile == nullptr) return;
-  FileSink sink(outFile);
-  Print(sink);
-  CloseOutfile(sink.getError());
+  if (stream != nullptr) {
+    StandardOutput sink;
+    Print(sink);
+    if (sink.getError() != 0) reportFault("standard output", std::strerror(sink.getError()));
+    return;
+  }
+  const bool hasBackup = settings.keepBackupFile == 1;
+  FileReplacement outFile(fileName.view(), {inputState, sourceText.view()},
+                          hasBackup ? settings.backupFileExtension.view() : std::string_view());
+  if (OpenOutfile(outFile) != 0) return;
+  Print(outFile);
+  CloseOutfile(outFile);
 }
 
 void VhdlScanner::Print(TextSink& sink) {
@@ -134,29 +140,18 @@ void VhdlScanner::Print(TextSink& sink) {
   output.flush();
 }
 
-FILE* VhdlScanner::OpenOutfile() {
-  if (settings.keepBackupFile == 1) {
-    DynString backup(fileName);
-    backup.cat(settings.backupFileExtension.get());
-    if (std::rename(fileName.get(), backup.get()) != 0) {
-      std::perror("Error! qorn");
-      return nullptr;
-    }
+int VhdlScanner::OpenOutfile(FileReplacement& outFile) const {
+  const Replaced result = outFile.open();
+  if (result == NOT_OPENED) {
+    reportFault(outFile.reason().c_str());
+  } else if (result != REPLACED) {
+    reportFault(fileName.get(), outFile.reason().c_str());
   }
-  FILE* file = std::fopen(fileName.get(), "w");
-  if (file == nullptr) {
-    std::perror("Error! qorn");
-    return nullptr;
-  }
-  std::setvbuf(file, nullptr, _IONBF, 0);  // the text comes in large pieces
-  return file;
+  return result == REPLACED ? 0 : -1;
 }
 
-void VhdlScanner::CloseOutfile(int writeError) {
-  const int result = outFile == stdout ? std::fflush(outFile) : std::fclose(outFile);
-  outFile = nullptr;
-  if (writeError != 0) errno = writeError;
-  if (writeError != 0 || result != 0) std::perror("Error! qorn");
+void VhdlScanner::CloseOutfile(FileReplacement& outFile) const {
+  if (outFile.close() != REPLACED) reportFault(fileName.get(), outFile.reason().c_str());
 }
 
 std::string_view VhdlScanner::tabified(int typ, int start, std::string_view text) {

@@ -15,17 +15,25 @@ int VhdlScanner::setInputFile(const char* path) {
   if (path == nullptr) return 0;
   const char* extension = std::getenv("VHDLEXT");
   DynString opened(path);
-  inFile = std::fopen(path, "r");
-  if (inFile == nullptr) {
+  const char* reason = openInputFile(path);
+  if (reason != nullptr && !isSpecialFile(path)) {
     opened.cat(extension == nullptr ? ".vhdl" : extension);
-    inFile = std::fopen(opened.get(), "r");
+    reason = openInputFile(opened.get());
   }
-  if (inFile == nullptr) {
-    std::fprintf(stderr, "Error! unable to open file %s\n       %s\n", path, std::strerror(errno));
+  if (reason != nullptr) {
+    std::fprintf(stderr, "Error! unable to open file %s\n       %s\n", path, reason);
     return -1;
   }
   fileName = std::move(opened);
   return 0;
+}
+
+const char* VhdlScanner::openInputFile(const char* path) {
+  if (isSpecialFile(path)) return "Not a regular file";  // and a pipe would keep the run waiting
+  inFile = std::fopen(path, "r");
+  if (inFile == nullptr) return std::strerror(errno);
+  inputState = stateOf(inFile);  // a change from here on will show
+  return nullptr;
 }
 
 void VhdlScanner::readInput() {

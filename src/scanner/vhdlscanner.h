@@ -12,6 +12,7 @@
 #include "base/oldlist.h"
 #include "base/sourcetext.h"
 #include "base/stack.h"
+#include "base/system.h"
 #include "base/textsink.h"
 #include "scanner/indentstack.h"
 #include "scanner/lineruler.h"
@@ -20,6 +21,8 @@
 #include "tokens/tokencodes.h"
 #include "tokens/vhdllexer.h"
 #include "tokens/vhdltoken.h"
+
+class FileReplacement;
 
 /** One object of this class formats all files of a run. It holds the token list of the file in
    hand, every setting, and the state of the passes over that list.
@@ -62,6 +65,8 @@ class VhdlScanner {
 
   /** Reads the input into `sourceText` and closes it. */
   void readInput();
+  /** Null, or why the file can't be opened. */
+  [[nodiscard]] const char* openInputFile(const char* path);
   void closeInputFile();
   void startLex();
   int formatSource();
@@ -72,10 +77,10 @@ class VhdlScanner {
 
   // --- Output (layout/output.cpp) ---
 
-  /** Makes the backup and opens the file for writing; null on a failure, which is then told. */
-  FILE* OpenOutfile();
-  /** Closes outFile, but for the standard output, and tells of a write or a close that failed. */
-  void CloseOutfile(int writeError);
+  /** Makes the backup and opens the file for writing. -1 on a failure, which is then reported. */
+  [[nodiscard]] int OpenOutfile(FileReplacement& outFile) const;
+  /** Reports a write or a close that failed. */
+  void CloseOutfile(FileReplacement& outFile) const;
   /** The text of a token that starts in column `start`, with blanks turned into tabs as its code
      allows. Like that of the two below, which do it to a comment and to blanks, the result is the
      text itself or stands in `tabifyBuffer` until the next call. Requires: `tabify` is on. */
@@ -358,7 +363,7 @@ class VhdlScanner {
   OldList tokenList;   // VhdlToken; owns all tokens, cleared by Reset
   DynString fileName;  // the path that was really opened
   FILE* inFile = nullptr;
-  FILE* outFile = nullptr;
+  FileState inputState;  // of the file in hand when it was opened
 
   // State of the pass, cleared by Reset.
   int indent = 0;  // columns

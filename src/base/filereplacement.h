@@ -1,0 +1,74 @@
+// Gives a file a new text so that no text is lost, whatever fails and whatever ends the run.
+//
+// With a backup, the old file is renamed to the backup's name, the new text is written under a name
+// of its own beside it, and that file takes the old name only when it is whole: an unfinished text
+// never bears the name of a source. Where the writing fails, the backup takes its old name again.
+//
+// Without one, the file is written over, so that its rights, owner and other names stay; until the
+// new text is whole, a copy of the old one stands beside it, or in the folder for temporary files
+// where its own folder takes none.
+//
+// These files are called `.qorn-new.NUMBER` and `.qorn-old.NUMBER`, by the number of the process.
+// One is left over only where the run was killed on the way, or where the reason names it.
+// Known limit: nothing is forced to the disk, so that a failure of power can cost what was written.
+#ifndef QORN_BASE_FILEREPLACEMENT_H
+#define QORN_BASE_FILEREPLACEMENT_H
+
+#include <string>
+#include <string_view>
+
+#include "base/system.h"
+#include "base/textsink.h"
+
+enum Replaced : int {
+  REPLACED,
+  NOT_OPENED,   // the rename failed, or the opening, whereupon the text has the backup's name alone
+  NOT_WRITTEN,  // and the file is as it was, unless the reason says where its text is
+  CHANGED,      // since it was read; the newer text stands
+};
+
+/** What was read under a name. The text must live as long as the replacement. */
+struct FileRead {
+  FileState state;  // before the reading
+  std::string_view text;
+};
+
+/** One replacement: `open`, `put` as often as wanted, `close`. While it lives, signals that would
+    end the run are held; only one may live in a thread. Nothing takes memory between `open` and
+    `close`, unless there is a failure to report. */
+class FileReplacement : public TextSink {
+ public:
+  /** An empty extension means that no backup is wanted. */
+  FileReplacement(std::string_view name, const FileRead& old, std::string_view backupExtension);
+  ~FileReplacement() override;
+
+  /** To be followed by `put` and `close` if it gives REPLACED. */
+  [[nodiscard]] Replaced open();
+  void put(std::string_view text) override;
+  [[nodiscard]] Replaced close();
+
+  /** Why a result was not REPLACED. */
+  const std::string& reason() const { return why; }
+
+ private:
+  Replaced openBesideBackup();
+  Replaced openInPlace();
+  Replaced closeBesideBackup();
+  Replaced closeInPlace();
+  [[nodiscard]] int moveToBackup();
+  [[nodiscard]] int moveOffBackup();
+  [[nodiscard]] int keepOldText();
+  std::string_view folder() const;
+  void nameBeside(std::string_view folder, const char* kind);
+  Replaced giveUp(Replaced result, int failure);
+
+  std::string file;
+  std::string backup;  // empty: none is wanted
+  std::string beside;  // the new text or the copy of the old one, by what is wanted
+  std::string why;
+  FileRead read;
+  int descriptor = -1;
+  int error = 0;  // of the first write that failed
+};
+
+#endif

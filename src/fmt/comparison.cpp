@@ -1,0 +1,130 @@
+// The walk. Both readings go on piece by piece; a place where both start a line parts the texts.
+#include "fmt/comparison.h"
+
+#include <utility>
+
+#include "fmt/reading.h"
+#include "fmt/samepiece.h"
+
+namespace {
+
+/** The begin of a line. */
+struct Edge {
+  std::size_t place = 0;
+  unsigned line = 1;
+};
+
+/** With its line end. The text is not empty. */
+std::string_view firstLine(std::string_view text) {
+  const std::size_t feed = text.find('\n');
+  return text.substr(0, feed == std::string_view::npos ? feed : feed + 1);
+}
+
+/** With its line end. The text is not empty. */
+std::string_view lastLine(std::string_view text) {
+  const std::size_t feed = text.substr(0, text.size() - 1).rfind('\n');
+  return text.substr(feed == std::string_view::npos ? 0 : feed + 1);
+}
+
+void dropFirstLine(Lines& lines, std::size_t length) {
+  ++lines.first;
+  --lines.count;
+  lines.place += length;
+  lines.size -= length;
+}
+
+void dropLastLine(Lines& lines, std::size_t length) {
+  --lines.count;
+  lines.size -= length;
+}
+
+class Walk {
+ public:
+  Walk(std::string_view old, std::string_view fresh, std::string_view frameCharacters)
+      : oldText(old),
+        freshText(fresh),
+        oldReading(old, frameCharacters),
+        freshReading(fresh, frameCharacters) {}
+  Comparison compare();
+
+ private:
+  /** Closes the part up to these lines. */
+  void part(Edge oldTo, Edge freshTo);
+  void dropCommonLines(Stretch& stretch) const;
+
+  std::string_view oldText;
+  std::string_view freshText;
+  Reading oldReading;
+  Reading freshReading;
+  Edge oldFrom;  // begin of the part in hand
+  Edge freshFrom;
+  Comparison result;
+};
+
+Edge edgeBefore(const Piece& piece, std::string_view text) {
+  return {static_cast<std::size_t>(piece.lineStart - text.data()), piece.line};
+}
+
+/** The line after the last one, which may lack its line end. */
+Edge edgeAfter(const Piece& last, std::string_view text) {
+  const std::size_t place = edgeBefore(last, text).place;
+  return {text.size(), place < text.size() ? last.line + 1 : last.line};
+}
+
+Lines linesBetween(Edge from, Edge to) {
+  return {from.line, to.line - from.line, from.place, to.place - from.place};
+}
+
+std::string_view textOf(const Lines& lines, std::string_view text) {
+  return text.substr(lines.place, lines.size);
+}
+
+void Walk::dropCommonLines(Stretch& stretch) const {
+  Lines& old = stretch.old;
+  Lines& fresh = stretch.fresh;
+  while (old.size > 0 && fresh.size > 0) {
+    const std::string_view line = firstLine(textOf(old, oldText));
+    if (line != firstLine(textOf(fresh, freshText))) break;
+    dropFirstLine(old, line.size());
+    dropFirstLine(fresh, line.size());
+  }
+  while (old.size > 0 && fresh.size > 0) {
+    const std::string_view line = lastLine(textOf(old, oldText));
+    if (line != lastLine(textOf(fresh, freshText))) break;
+    dropLastLine(old, line.size());
+    dropLastLine(fresh, line.size());
+  }
+}
+
+void Walk::part(Edge oldTo, Edge freshTo) {
+  Stretch stretch{linesBetween(oldFrom, oldTo), linesBetween(freshFrom, freshTo)};
+  oldFrom = oldTo;
+  freshFrom = freshTo;
+  if (textOf(stretch.old, oldText) == textOf(stretch.fresh, freshText)) return;
+  dropCommonLines(stretch);
+  result.changed.push_back(stretch);
+}
+
+Comparison Walk::compare() {
+  for (;;) {
+    const Piece& old = oldReading.next();
+    const Piece& fresh = freshReading.next();
+    if (old.startsLine && fresh.startsLine) {
+      part(edgeBefore(old, oldText), edgeBefore(fresh, freshText));
+    }
+    if (!isSamePiece(old, fresh)) {
+      return {explainDifference(oldReading, freshReading), {}};
+    }
+    if (old.kind != PieceKind::END) continue;
+    part(edgeAfter(old, oldText), edgeAfter(fresh, freshText));
+    return std::move(result);
+  }
+}
+
+}  // namespace
+
+Comparison compareTexts(std::string_view old, std::string_view fresh,
+                        std::string_view frameCharacters) {
+  if (old == fresh) return {};
+  return Walk(old, fresh, frameCharacters).compare();
+}

@@ -1,0 +1,14 @@
+// When two pieces mean the same: letter case counts where it does in VHDL, blanks where they are
+// read as pieces.
+#ifndef QORN_FMT_SAMEPIECE_H
+#define QORN_FMT_SAMEPIECE_H
+
+#include "fmt/reading.h"
+
+/** Whether the formatter may put the new piece in the place of the old one. */
+[[nodiscard]] bool isSamePiece(const Piece& old, const Piece& fresh);
+
+/** Whether the texts are the same but for the case of ASCII letters. */
+[[nodiscard]] bool isFoldedSame(std::string_view one, std::string_view other);
+
+#endif

@@ -17,6 +17,8 @@ struct Lines {
   unsigned count = 0;     // with none, the place in front of the first
   std::size_t place = 0;  // bytes in front of them
   std::size_t size = 0;   // bytes, line ends included
+
+  bool operator==(const Lines&) const = default;
 };
 
 /** Lines of the old text and the lines that stand for them in the new one. The first lines of both
@@ -25,6 +27,8 @@ struct Lines {
 struct Stretch {
   Lines old;
   Lines fresh;
+
+  bool operator==(const Stretch&) const = default;
 };
 
 struct Comparison {

@@ -1,4 +1,4 @@
-// Taking over no more of a layout than what touches the lines asked for.
+// Taking over no more of a layout than the lines asked for call for.
 #ifndef QORN_FMT_LINES_H
 #define QORN_FMT_LINES_H
 
@@ -20,29 +20,31 @@ class LineSet {
  public:
   /** Adds the lines of "A:B". False, and nothing is added, unless 1 <= A <= B. */
   [[nodiscard]] bool addParsed(std::string_view text);
-  /** Adds count lines; none where count is 0, which is how git tells a mere deletion. */
+  /** Adds count lines; none where it is 0, as git has it for a place where lines went. */
   void add(unsigned first, unsigned count);
   bool isEmpty() const { return ranges.empty(); }
   const std::vector<LineRange>& getRanges() const { return ranges; }
-  /** Number of lines of the range that belong to the set. */
-  unsigned countIn(LineRange range) const;
+  /** How many lines of the range belong to the set. */
+  [[nodiscard]] unsigned countIn(LineRange range) const;
 
  private:
+  void addRange(LineRange range);
+
   std::vector<LineRange> ranges;
 };
 
 /** A stretch that would bring along more lines than these, beyond those asked for, is left out. */
-constexpr unsigned mostFurtherLines = 10;
+constexpr unsigned mostFurtherLines = 5;
 
 struct PartialText {
   std::string text;
-  std::vector<Stretch> taken;      // stretches between the old text and this one
-  std::vector<LineRange> leftOut;  // of the old text, in order
+  std::vector<Stretch> taken;      // between the old text and this one
+  std::vector<LineRange> leftOut;  // lines of the old text, in order
 };
 
 /** The old text with those stretches of the new one that touch the lines, which are lines of the
-    old text. A stretch without old lines touches the two lines that it stands between. All else
-    stays to the byte. */
+    old text. A stretch that only inserts touches the lines that it comes between. All else stays
+    to the byte. */
 [[nodiscard]] PartialText takeOver(std::string_view old, std::string_view fresh,
                                    const std::vector<Stretch>& changed, const LineSet& lines);
 

@@ -6,6 +6,6 @@ int main() {
   static ScannerProbe& scanner = *new ScannerProbe;  // goes with the process, as the program's does
   scanner.readInput();
   scanner.startLex();
-  scanner.list().addItemFirst(new VhdlToken(T_NEWLINE, 0, 0, "\n"));  // is not written
+  scanner.list().addItemFirst(T_NEWLINE, /*level*/ 0);  // is not written
   scanner.Print(stdout);
 }

@@ -10,11 +10,7 @@ namespace {
 constexpr int width = 20;
 constexpr const char* frameCharacters = "-=*";
 
-VhdlToken comment(const char* text, int column) {
-  VhdlToken token(T_COMMENT, 1, 0, text);
-  token.setIndent(column);
-  return token;
-}
+Arena arena;
 
 TEST(CommentText, AlignComment) {
   const struct {
@@ -40,8 +36,9 @@ TEST(CommentText, AlignComment) {
   for (const auto& row : cases) {
     for (int frame = 0; frame <= 1; ++frame) {
       SCOPED_TRACE(std::string(row.name) + (frame == 1 ? ", framed" : ""));
-      VhdlToken token = comment(row.input, row.column);
-      token.alignComment(width, frameCharacters, frame);
+      VhdlToken token(T_COMMENT, 1, 0, row.input);
+      token.setIndent(row.column);
+      token.alignComment(width, frameCharacters, frame, arena);
       EXPECT_EQ(token.viewText(1), frame == 1 && row.framed ? row.framed : row.expected);
       EXPECT_EQ(token.viewText(0), row.input);
     }
@@ -70,8 +67,9 @@ TEST(CommentText, TrimmComment) {
   };
   for (const auto& row : cases) {
     SCOPED_TRACE(row.name);
-    VhdlToken token = comment(row.input, row.column);
-    token.trimmComment(width, row.pair);
+    VhdlToken token(T_COMMENT, 1, 0, row.input);
+    token.setIndent(row.column);
+    token.trimmComment(width, row.pair, arena);
     EXPECT_EQ(token.viewText(1), row.expected);
   }
 }
@@ -98,22 +96,20 @@ TEST(CommentText, StripComment) {
   };
   for (const auto& row : cases) {
     SCOPED_TRACE(row.name);
-    VhdlToken token = comment(row.input, row.column);
-    DynString rest;
-    const bool isSplit = token.stripComment(width, frameCharacters, rest);
+    VhdlToken token(T_COMMENT, 1, 0, row.input);
+    token.setIndent(row.column);
+    const std::span<char> rest = token.stripComment(width, frameCharacters, arena);
     EXPECT_EQ(token.viewText(1), row.expected);
-    EXPECT_EQ(isSplit ? rest.get() : "(whole)",
-              std::string(row.rest == nullptr ? "(whole)" : row.rest));
+    EXPECT_EQ(std::string(rest.begin(), rest.end()), row.rest == nullptr ? "" : row.rest);
     EXPECT_EQ(token.viewText(0), row.input);
   }
 }
 
 TEST(CommentText, OtherTokensStay) {
   VhdlToken token(T_IDENTIFIER, 1, 0, "a b c d e f g h i j k l --");
-  token.alignComment(40, frameCharacters, 1);
-  token.trimmComment(width, "--");
-  DynString rest;
-  EXPECT_FALSE(token.stripComment(width, frameCharacters, rest));
+  token.alignComment(40, frameCharacters, 1, arena);
+  token.trimmComment(width, "--", arena);
+  EXPECT_TRUE(token.stripComment(width, frameCharacters, arena).empty());
   EXPECT_FALSE(token.isFormatted());
 }
 

@@ -12,7 +12,7 @@
 namespace {
 
 std::string scan(std::string_view text) {
-  OldList list;
+  ConfigList list;
   xxlex(text, list);
   return shown(list);
 }
@@ -111,7 +111,7 @@ TEST(ConfigLexerTest, QuotesHoldTextAndHashesComments) {
 }
 
 TEST(ConfigLexerTest, FilesAddUpToOneList) {
-  OldList list;
+  ConfigList list;
   xxlex("TABSIZE 8\nLINEWIDTH", list);
   xxlex("100 TABSIZE 4", list);
   EXPECT_EQ(shown(list), "TABSIZE=8 LINEWIDTH=100 TABSIZE=4");

@@ -28,11 +28,11 @@ inline std::string shown(const QornConfigToken& key) {
 }
 
 /** All keys, parted by blanks. Moves the anchor. */
-inline std::string shown(OldList& list) {
+inline std::string shown(ConfigList& list) {
   std::string line;
   for (auto* item = list.getFirst(); item != nullptr; item = list.getNext()) {
     if (!line.empty()) line += ' ';
-    line += shown(*static_cast<QornConfigToken*>(item));
+    line += shown(*item);
   }
   return line;
 }

@@ -22,14 +22,14 @@ struct Case {
 /** Codes and texts of a source's tokens but the end, with `formatted` 1 as they are printed: "[ ]"
     is a blank, "$" a line end. */
 std::string lexed(std::string_view source, int tabSize = 4, int formatted = 0) {
-  OldList list;
+  TokenList list;
   lexInto(list, source, tabSize);
   std::string line;
-  for (OldListItem* item = list.getFirst(); item != nullptr; item = list.getNext()) {
-    const auto* token = static_cast<VhdlToken*>(item);
+  for (auto* item = list.getFirst(); item != nullptr; item = list.getNext()) {
+    const auto* token = item;
     const int typ = token->getTyp();
     if (typ == T_EOF) break;
-    const std::string text = visible(token->viewText(formatted));
+    const std::string text = visible(textOf(*token, formatted));
     std::string shown = tokenName(typ) + (text.empty() ? "" : "(" + text + ")");
     if (typ == T_WHITESPACE) shown = "[" + text + "]";
     if (typ == T_NEWLINE) shown = "$";
@@ -214,10 +214,10 @@ TEST(LexerTest, ExpandsTabsOfBlanksCommentsAndAttributes) {
 }
 
 /** Line and level of each token, counted from those of a token read before. */
-std::string places(OldList& list, const VhdlToken& start) {
+std::string places(TokenList& list, const VhdlToken& start) {
   std::string line;
-  for (OldListItem* item = list.getFirst(); item != nullptr; item = list.getNext()) {
-    const auto* token = static_cast<VhdlToken*>(item);
+  for (auto* item = list.getFirst(); item != nullptr; item = list.getNext()) {
+    const auto* token = item;
     line += tokenName(token->getTyp()) + ":" +
             std::to_string(token->getLineNo() - start.getLineNo()) + "/" +
             std::to_string(token->getParenLevel() - start.getParenLevel()) + " ";
@@ -226,10 +226,10 @@ std::string places(OldList& list, const VhdlToken& start) {
 }
 
 TEST(LexerTest, LinesAndLevelsRunOnFromFileToFile) {
-  OldList lists[4];
+  TokenList lists[4];
   LexState state;
   lexInto(lists[0], "", state);
-  const auto& start = *static_cast<VhdlToken*>(lists[0].getFirst());
+  const auto& start = *lists[0].getFirst();
   lexInto(lists[1], "a([b\n(c))(\n'\nlow;", state);
   EXPECT_EQ(places(lists[1], start),
             "IDENTIFIER:0/0 LPAREN:0/1 LBRACKET:0/1 IDENTIFIER:0/1 NEWLINE:0/1 LPAREN:1/2 "
@@ -249,11 +249,11 @@ TEST(LexerTest, ScansHostileInputsOnce) {
   constexpr int size = 1 << 16;
   for (const std::string& shape : shapes) {
     std::string source = repeated(shape, size);
-    OldList list;
+    TokenList list;
     lexInto(list, source);
     std::string joined;
-    for (OldListItem* item = list.getFirst(); item != nullptr; item = list.getNext()) {
-      joined += static_cast<VhdlToken*>(item)->viewText(0);
+    for (auto* item = list.getFirst(); item != nullptr; item = list.getNext()) {
+      joined += textOf(*item, 0);
     }
     if (shape == "--\r") std::erase(source, '\r');
     EXPECT_TRUE(joined == source) << visible(shape);

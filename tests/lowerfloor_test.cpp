@@ -58,12 +58,12 @@ std::string run(Probe& probe, const std::string& steps) {
   for (std::string word; words >> word;) {
     const std::string verb = word.substr(0, word.find('='));
     const int given = std::atoi(word.substr(word.find('=') + 1).c_str());
-    const OldListRefItem* anchor = probe.list().getAnchorNode();
+    const VhdlToken* anchor = probe.list().getAnchor();
     if (acts.contains(verb)) {
       acts.at(verb)(probe, given);
     } else if (questions.contains(verb)) {
       answers += (answers.empty() ? "" : " ") + std::to_string(questions.at(verb)(probe, given));
-      EXPECT_EQ(probe.list().getAnchorNode(), anchor);
+      EXPECT_EQ(probe.list().getAnchor(), anchor);
     } else {
       probe.at(word);
     }
@@ -237,7 +237,7 @@ TEST(LowerFloor, InsertedTokensTakeTheLevelOfTheAnchor) {
   const int level = probe.token()->getParenLevel();
   EXPECT_EQ(run(probe, "next=1 nextLine"), "((a<>^<$>))#");
   EXPECT_EQ(probe.token()->getParenLevel(), level);
-  EXPECT_EQ(tokenAt(probe.list().getAnchorNode()->getPrev()).getParenLevel(), level);
+  EXPECT_EQ(probe.list().getAnchor()->getPrev()->getParenLevel(), level);
 }
 
 }  // namespace

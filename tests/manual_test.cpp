@@ -40,11 +40,11 @@ Lines linesBehind(const Lines& lines, const std::string& beginning) {
 
 /** Keys with their values, as the program reads them. */
 std::set<std::string> settingsIn(const std::string& text) {
-  OldList keys;
+  ConfigList keys;
   xxlex(text, keys);
   std::set<std::string> settings;
-  for (OldListItem* item = keys.getFirst(); item != nullptr; item = keys.getNext()) {
-    settings.insert(shown(*static_cast<QornConfigToken*>(item)));
+  for (auto* item = keys.getFirst(); item != nullptr; item = keys.getNext()) {
+    settings.insert(shown(*item));
   }
   return settings;
 }

@@ -13,7 +13,7 @@ std::string essence(ScannerProbe& probe, int formatted) {
   for (probe.list().getFirst(); probe.token() != nullptr; probe.list().getNext()) {
     const bool isComment = probe.token()->getTyp() == T_COMMENT;
     const std::string_view dropped = isComment ? " \t\v\f-=*" : " \t\n\v\f";
-    for (const char letter : probe.token()->viewText(formatted)) {
+    for (const char letter : textOf(*probe.token(), formatted)) {
       if (dropped.find(letter) == dropped.npos) text += asciiUpper(letter);
     }
   }

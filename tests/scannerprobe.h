@@ -12,7 +12,7 @@ class ScannerProbe : public VhdlScanner {
  public:
   using VhdlScanner::VhdlScanner;
 
-  static OldList& tokenList(VhdlScanner& scanner) { return scanner.tokenList; }
+  static TokenList& tokenList(VhdlScanner& scanner) { return scanner.tokenList; }
 
   // --- Fixtures: the list in hand ---
 
@@ -27,14 +27,14 @@ class ScannerProbe : public VhdlScanner {
     Format();
     LineBreak();
   }
-  OldList& list() { return tokenList(*this); }
+  TokenList& list() { return tokenList(*this); }
   VhdlToken* token() { return anchorToken(); }
   /** Puts the anchor on the first token with that source text, on none if there is none. "_" is a
       blank, "$" the first line end, "$$" the second and so on, and "#" the end. */
   void at(std::string_view wanted) {
     std::string lineEnds;
     for (list().getFirst(); token() != nullptr; stepForward()) {
-      std::string_view name = token()->viewText(0);
+      std::string name = textOf(*token(), 0);
       if (token()->getTyp() == T_WHITESPACE) name = "_";
       if (token()->getTyp() == T_NEWLINE) name = lineEnds += '$';
       if (token()->getTyp() == T_EOF) name = "#";
@@ -46,16 +46,16 @@ class ScannerProbe : public VhdlScanner {
       the end; what a pass inserted stands in "<>"; the anchor token has a "^" before it. */
   std::string shows() {
     std::string line;
-    const OldListRefItem* anchor = list().getAnchorNode();
+    const VhdlToken* anchor = list().getAnchor();
     const AnchorGuard guard(list());
     for (list().getFirst(); token() != nullptr; stepForward()) {
       const bool isInserted = token()->getLineNo() == 0;
-      std::string text(token()->viewText(1));
+      std::string text = textOf(*token(), 1);
       if (token()->getTyp() == T_NEWLINE) text = text.empty() ? "!" : "$";
       if (token()->getTyp() == T_EOF) text = "#";
       const bool isBlank = token()->getTyp() == T_WHITESPACE;
       const std::string_view marks = isInserted ? "<>" : isBlank ? "[]" : "";
-      if (list().getAnchorNode() == anchor) line += '^';
+      if (list().getAnchor() == anchor) line += '^';
       line.append(marks.substr(0, 1)).append(text).append(marks.substr(marks.empty() ? 0 : 1));
     }
     return line;

@@ -16,10 +16,10 @@ namespace {
 
 constexpr int longestName = 6;
 
-int countEntries(const OldListRefItem* node, int level, int stop) {
+int countEntries(const VhdlToken* node, int level, int stop) {
   int count = 1;
   for (node = node->getNext(); node != nullptr; node = node->getNext()) {
-    if (tokenAt(node).getParenLevel() > level) continue;
+    if (node->getParenLevel() > level) continue;
     if (typAt(node) == stop) return std::min(count, severalEntries);
     if (typAt(node) == T_COMMA) ++count;
   }
@@ -27,10 +27,10 @@ int countEntries(const OldListRefItem* node, int level, int stop) {
 }
 
 /** The tokens of the list ahead; a null at the end if it stays open. */
-std::vector<const OldListRefItem*> listAhead(const OldListRefItem* node, int level) {
-  std::vector<const OldListRefItem*> tokens;
+std::vector<const VhdlToken*> listAhead(const VhdlToken* node, int level) {
+  std::vector<const VhdlToken*> tokens;
   for (node = node->getNext(); node != nullptr; node = node->getNext()) {
-    const bool closes = typAt(node) == T_RPAREN && tokenAt(node).getParenLevel() <= level;
+    const bool closes = typAt(node) == T_RPAREN && node->getParenLevel() <= level;
     if (closes || typAt(node) == T_END) return tokens;
     tokens.push_back(node);
   }
@@ -38,16 +38,16 @@ std::vector<const OldListRefItem*> listAhead(const OldListRefItem* node, int lev
   return tokens;
 }
 
-int measureNames(const std::vector<const OldListRefItem*>& tokens, int classColumn) {
+int measureNames(const std::vector<const VhdlToken*>& tokens, int classColumn) {
   int length = 0;
   int longest = 0;
-  for (const OldListRefItem* node : tokens) {
+  for (const VhdlToken* node : tokens) {
     const int typ = typAt(node);
     if (typ == T_COLON || typ == T_COMMA || typ == T_EQUAL || typ == T_SEMICOLON) {
       if (typ != T_SEMICOLON && length <= longestName) longest = std::max(longest, length);
       length = 0;
     } else if (!isSpacing(typ) && typ != T_RPAREN) {
-      length += isClassWord(typ) ? classColumn : tokenAt(node).textLength(1);
+      length += isClassWord(typ) ? classColumn : node->textLength(1);
     }
   }
   return longest;
@@ -60,13 +60,13 @@ class Comparison {
     lexInto(list, text);
     list.getFirst();
     index.reset(longestName);
-    index.build(list.getAnchorNode());
+    index.build(list.getAnchor());
   }
 
-  void compareAt(const OldListRefItem* node, bool measures) {
+  void compareAt(const VhdlToken* node, bool measures) {
     index.pass(node);
-    const int level = tokenAt(node).getParenLevel();
-    const OldListRefItem* semicolon = node->getNext();
+    const int level = node->getParenLevel();
+    const VhdlToken* semicolon = node->getNext();
     while (semicolon != nullptr && typAt(semicolon) != T_SEMICOLON)
       semicolon = semicolon->getNext();
     ASSERT_EQ(index.nextSemicolon(), semicolon);
@@ -88,14 +88,14 @@ class Comparison {
     }
   }
 
-  OldList list;
+  TokenList list;
 
  private:
   /** What is not to be set must have been set for a word of the same width. */
-  void compareWords(const std::vector<const OldListRefItem*>& tokens, int level, WordKind kind,
+  void compareWords(const std::vector<const VhdlToken*>& tokens, int level, WordKind kind,
                     int widest) {
-    for (const OldListRefItem* word : index.wordsToSet(level, kind)) setFor[word] = widest;
-    for (const OldListRefItem* token : tokens) {
+    for (const VhdlToken* word : index.wordsToSet(level, kind)) setFor[word] = widest;
+    for (const VhdlToken* token : tokens) {
       if (wordWidth(kind, typAt(token)) > 0) {
         ASSERT_EQ(setFor[token], widest);
       }
@@ -103,7 +103,7 @@ class Comparison {
   }
 
   StopIndex index;
-  std::map<const OldListRefItem*, int> setFor;
+  std::map<const VhdlToken*, int> setFor;
 };
 
 TEST(StopIndexTest, AnswersAsAWalkWould) {
@@ -116,9 +116,9 @@ TEST(StopIndexTest, AnswersAsAWalkWould) {
     for (int i = 0; i < 60; ++i) text += pieces[random() % std::size(pieces)];
     SCOPED_TRACE(text);
     Comparison comparison(text);
-    for (comparison.list.getFirst(); comparison.list.getAnchorNode() != nullptr;
+    for (comparison.list.getFirst(); comparison.list.getAnchor() != nullptr;
          comparison.list.getNext()) {
-      const OldListRefItem* node = comparison.list.getAnchorNode();
+      const VhdlToken* node = comparison.list.getAnchor();
       const bool opensList = typAt(node) == T_LPAREN || typAt(node) == T_RECORD;
       comparison.compareAt(node, opensList && random() % 2 == 0);
       if (HasFatalFailure()) return;
@@ -128,12 +128,12 @@ TEST(StopIndexTest, AnswersAsAWalkWould) {
 
 // Twenty measures over one long stretch are more than a sound source makes.
 TEST(StopIndexTest, IsBuiltForLongWalksOverOneStretch) {
-  OldList list;
+  TokenList list;
   lexInto(list, "a b c d");
   list.getFirst();
-  const OldListRefItem* cursor = list.getAnchorNode();
+  const VhdlToken* cursor = list.getAnchor();
   list.getLast();
-  const OldListRefItem* end = list.getAnchorNode();
+  const VhdlToken* end = list.getAnchor();
   StopIndex index;
   for (int walk = 0; walk < 20; ++walk) {
     index.countSteps(cursor, end, 10000);

@@ -3,10 +3,10 @@
 #define QORN_TESTS_TOKENDUMP_H
 
 #include <cstdio>
+#include <list>
 #include <string>
 #include <string_view>
 
-#include "base/oldlist.h"
 #include "tokens/tokencodes.h"
 #include "tokens/vhdllexer.h"
 #include "tokens/vhdltoken.h"
@@ -52,15 +52,24 @@ inline std::string repeated(std::string_view text, int count) {
   return all;
 }
 
-/** Appends the tokens of a source. Lines and levels run on with the state. */
-inline void lexInto(OldList& list, std::string_view text, LexState& state) {
-  SourceText source;
+/** VhdlToken::viewText of any text. */
+inline std::string textOf(const VhdlToken& token, int formatted) {
+  const int blanks = token.countBlanks(formatted);
+  if (blanks < 0) return std::string(token.viewText(formatted));
+  return std::string(static_cast<std::size_t>(blanks), ' ');
+}
+
+/** Appends the tokens of a source, which lives as long as they. Lines and levels run on with the
+    state. */
+inline void lexInto(TokenList& list, std::string_view text, LexState& state) {
+  static std::list<SourceText> sources;
+  SourceText& source = sources.emplace_back();
   source.set(text);
   yylex(source, state, list);
 }
 
 /** The same from line 1, level 0 and column 0. */
-inline void lexInto(OldList& list, std::string_view text, int tabSize = 4) {
+inline void lexInto(TokenList& list, std::string_view text, int tabSize = 4) {
   LexState state;
   state.tabs.YYsetInTabSize(tabSize);
   lexInto(list, text, state);

@@ -11,27 +11,30 @@
 namespace {
 
 TEST(VhdlTokenTest, PrintsItsFormatTextOnceOneWasSet) {
-  VhdlToken token(T_IDENTIFIER, 7, 2, "raw");
-  EXPECT_STREQ(token.getText(1), "raw");
-  token.setTextIfUnformatted("");
-  EXPECT_STREQ(token.getText(1), "");
-  token.setTextIfUnformatted("too late");
-  token.setText("new");
-  EXPECT_STREQ(token.getText(1), "");
-  EXPECT_STREQ(token.getText(0), "new");
-  EXPECT_EQ(token.textLength(0), 3);
-  token.setFormatText(" a  \n b ");
-  token.deleteSpaces();
-  const VhdlToken copy(token);
-  token.setFormatBlanks(20);
-  token.setText("gone");
-  EXPECT_STREQ(copy.getFormatText(), "a\nb");
-  EXPECT_STREQ(copy.getText(0), "new");
-  EXPECT_EQ(copy.getLineNo(), 7);
-  EXPECT_EQ(copy.getParenLevel(), 2);
-  EXPECT_EQ(token.viewText(1), std::string(20, ' '));
-  token.setFormatBlanks(-1);
-  EXPECT_STREQ(token.getText(1), "");
+  Arena arena;
+  const struct {
+    const char* name;
+    void (*change)(VhdlToken& token, Arena& arena);
+    const char* expected;
+  } cases[] = {
+      {"nothing", [](VhdlToken& token, Arena&) { token.setFormatText(""); }, ""},
+      {"line end", [](VhdlToken& token, Arena&) { token.setFormatText("\n"); }, "\n"},
+      {"blanks", [](VhdlToken& token, Arena&) { token.setFormatBlanks(3); }, "   "},
+      {"no blanks", [](VhdlToken& token, Arena&) { token.setFormatBlanks(-1); }, ""},
+      {"a text", [](VhdlToken& token, Arena& home) { token.setFormatText("\na", home); }, "\na"},
+  };
+  for (const auto& row : cases) {
+    for (const bool hadText : {false, true}) {
+      VhdlToken token(T_COMMENT, 7, 2, "raw");
+      if (hadText) token.setFormatText(" a  \n b ", arena);
+      if (hadText) token.deleteSpaces(arena);
+      EXPECT_EQ(textOf(token, 1), hadText ? "a\nb" : "raw");
+      row.change(token, arena);
+      EXPECT_EQ(textOf(token, 1), row.expected) << row.name;
+      EXPECT_EQ(token.textLength(1), static_cast<int>(textOf(token, 1).size()));
+      EXPECT_EQ(textOf(token, 0), "raw");
+    }
+  }
 }
 
 /** The text in its style, converted in two pieces. */
@@ -71,10 +74,12 @@ TEST(VhdlTokenTest, ConvertsAsciiLettersAlone) {
 }
 
 /** All tokens as they are printed under the two switches, joined. */
-std::string printed(OldList& list, const CaseStyles& styles, int formatting, int layout) {
+std::string printed(TokenList& list, const CaseStyles& styles, int formatting, int layout) {
   std::string text;
-  for (OldListItem* item = list.getFirst(); item != nullptr; item = list.getNext()) {
-    text += converted(static_cast<VhdlToken*>(item)->getCaseText(formatting, layout, styles));
+  for (auto* item = list.getFirst(); item != nullptr; item = list.getNext()) {
+    const int blanks = item->countBlanks(formatting & layout);
+    if (blanks > 0) text.append(static_cast<std::size_t>(blanks), ' ');
+    if (blanks < 0) text += converted(item->getCaseText(formatting, layout, styles));
   }
   return text;
 }
@@ -85,13 +90,13 @@ TEST(VhdlTokenTest, TakesTheStyleOfItsGroupUnlessFormattingIsOff) {
   styles.setGroup(CASE_IDENTIFIER, C_UPPERCASE);
   styles.setGroup(CASE_ATTRIBUTE, C_LOWERCASE);
   styles.setGroup(CASE_NUMBER, C_UPPERCASE);
-  OldList list;
+  TokenList list;
   const std::string source = "eND \\Ab\\ cD'aCTIVE X\"aB\" 1e3 16#aF#e1 \"sT\" 'h' --qorn-ON x\n";
   const std::string cased = "End \\AB\\ CD'active X\"AB\" 1E3 16#AF#E1 \"sT\" 'h' --qorn-ON x\n";
   lexInto(list, source);
   EXPECT_EQ(printed(list, styles, 0, 0), source);
   EXPECT_EQ(printed(list, styles, 1, 1), cased);
-  static_cast<VhdlToken*>(list.getFirst())->setFormatText("bEGIN");
+  list.getFirst()->setFormatText("bEGIN", list.getArena());
   EXPECT_EQ(printed(list, styles, 0, 1), source);
   EXPECT_EQ(printed(list, styles, 1, 0), cased);
   EXPECT_EQ(printed(list, styles, 1, 1), "Begin" + cased.substr(3));

@@ -1,19 +1,19 @@
-// Looks around a list without moving its cursor: the anchor is saved at birth and restored at every
-// way out of the block.
+// Saves the anchor of a list and restores it at the end of the scope.
 #ifndef QORN_BASE_ANCHORGUARD_H
 #define QORN_BASE_ANCHORGUARD_H
 
 #include "base/oldlist.h"
 
+template <typename Item>
 class AnchorGuard {
  public:
-  explicit AnchorGuard(OldList& guarded) : list(guarded) { list.pushAnchor(); }
+  explicit AnchorGuard(OldList<Item>& guarded) : list(guarded) { list.pushAnchor(); }
   AnchorGuard(const AnchorGuard&) = delete;
   AnchorGuard& operator=(const AnchorGuard&) = delete;
   ~AnchorGuard() { list.popAnchor(); }
 
  private:
-  OldList& list;
+  OldList<Item>& list;
 };
 
 #endif

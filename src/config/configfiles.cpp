@@ -18,7 +18,7 @@
 namespace {
 
 /** Appends the file's keys to the list. 0, or -1 if it can't be opened. */
-int scanConfigFile(const char* path, OldList& keys) {
+int scanConfigFile(const char* path, ConfigList& keys) {
   FILE* stream = std::fopen(path, "r");
   if (stream == nullptr) return -1;
   SourceText text;
@@ -29,7 +29,7 @@ int scanConfigFile(const char* path, OldList& keys) {
 }
 
 /** Reads what the search may have found; a file that is there and can't be read is reported. */
-void scanFoundFile(const char* path, OldList& keys) {
+void scanFoundFile(const char* path, ConfigList& keys) {
   const FileState found = stateOf(path);
   if (found.kind == REGULAR_FILE && !isSpecialFile(path) && scanConfigFile(path, keys) == 0) return;
   const int failure = errno;
@@ -41,7 +41,7 @@ void scanFoundFile(const char* path, OldList& keys) {
 }  // namespace
 
 int ReadConfigFile(const char* path, Settings& settings) {
-  OldList keys;
+  ConfigList keys;
   if (path != nullptr) {
     if (scanConfigFile(path, keys) != 0) {
       reportFault(path, std::strerror(errno));

@@ -6,12 +6,6 @@
 
 namespace {
 
-void addKey(int code, OldList& xxconflist) {
-  auto* key = new QornConfigToken;
-  key->setTyp(code);
-  xxconflist.addItemLast(key);
-}
-
 void giveValue(const ConfigPiece& piece, QornConfigToken& key) {
   if (piece.kind == PIECE_WORD) key.setValue(piece.code);
   if (piece.kind == PIECE_NUMBER) key.setInteger(piece.text);
@@ -20,13 +14,13 @@ void giveValue(const ConfigPiece& piece, QornConfigToken& key) {
 
 }  // namespace
 
-void xxlex(std::string_view text, OldList& xxconflist) {
+void xxlex(std::string_view text, ConfigList& xxconflist) {
   ConfigReader reader(text);
   while (!reader.atEnd()) {
     const ConfigPiece piece = reader.next();
     if (piece.kind == PIECE_KEY) {
-      addKey(piece.code, xxconflist);
-    } else if (auto* key = static_cast<QornConfigToken*>(xxconflist.getLast()); key != nullptr) {
+      xxconflist.addItemLast()->setTyp(piece.code);
+    } else if (auto* key = xxconflist.getLast(); key != nullptr) {
       giveValue(piece, *key);
     }
   }

@@ -7,11 +7,11 @@
 
 #include <string_view>
 
-#include "base/oldlist.h"
+#include "config/configtoken.h"
 
 /** Appends a QornConfigToken for each key of the text to the list, which owns it. The list may hold
     the keys of texts before: a value that precedes all keys of this one goes to the last of them.
  */
-void xxlex(std::string_view text, OldList& xxconflist);
+void xxlex(std::string_view text, ConfigList& xxconflist);
 
 #endif

@@ -9,11 +9,8 @@
 
 /** The first value of any kind wins; later ones are dropped. A value of the wrong kind counts as 0
    or as the empty text where it is asked for. */
-class QornConfigToken : public OldListItem {
+class QornConfigToken : public OldListItem<QornConfigToken> {
  public:
-  QornConfigToken() = default;
-  ~QornConfigToken() override = default;
-
   void setTyp(int code) { typ = code; }
   int getTyp() const { return typ; }
   int getValue() const { return value; }
@@ -45,5 +42,7 @@ class QornConfigToken : public OldListItem {
   DynString path;    // quoted text
   int hasValue = 0;  // 1 from the first value on
 };
+
+using ConfigList = OldList<QornConfigToken>;
 
 #endif

@@ -141,15 +141,14 @@ std::span<const Setting> settingTable() { return table; }
 
 const Setting& settingOf(int key) { return *std::ranges::find(table, key, &Setting::key); }
 
-void setConfigVariables(OldList& keys, Settings& settings) {
-  for (auto* item = keys.getFirst(); item != nullptr; item = keys.getNext()) {
-    const auto& key = static_cast<const QornConfigToken&>(*item);
-    applySetting(settingOf(key.getTyp()), key, settings);
+void setConfigVariables(ConfigList& keys, Settings& settings) {
+  for (const auto* key = keys.getFirst(); key != nullptr; key = keys.getNext()) {
+    applySetting(settingOf(key->getTyp()), *key, settings);
   }
 }
 
 Settings makeSettings(std::span<const std::string_view> configurations) {
-  OldList keys;
+  ConfigList keys;
   for (const std::string_view text : configurations) xxlex(text, keys);
   Settings settings;
   setConfigVariables(keys, settings);

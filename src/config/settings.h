@@ -6,7 +6,7 @@
 #include <span>
 #include <string_view>
 
-#include "base/oldlist.h"
+#include "config/configtoken.h"
 #include "scanner/settings.h"
 
 /** What a key makes of its value. A value of another kind counts as 0 or as the empty text. */
@@ -40,9 +40,9 @@ struct Setting {
 /** The row of a key. */
 [[nodiscard]] const Setting& settingOf(int key);
 
-/** Writes the values of the keys, QornConfigToken objects, into the settings, the first key first.
+/** Writes the values of the keys into the settings, the first key first.
     Keys without a value change nothing. Moves the anchor. */
-void setConfigVariables(OldList& keys, Settings& settings);
+void setConfigVariables(ConfigList& keys, Settings& settings);
 
 /** The settings that configuration texts make of the defaults; they behave like one long text. */
 [[nodiscard]] Settings makeSettings(std::span<const std::string_view> configurations);

@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "base/columns.h"
+#include "base/dynstring.h"
 #include "tokens/vhdltoken.h"
 
 namespace {
@@ -21,7 +22,7 @@ std::string_view pairOf(std::string_view text, std::string_view chars) {
 
 }  // namespace
 
-void VhdlToken::alignComment(int width, std::string_view chars, int frame) {
+void VhdlToken::alignComment(int width, std::string_view chars, int frame, Arena& arena) {
   if (typ != T_COMMENT) return;
   const std::string_view source = viewText(1);
   const std::string_view pair = pairOf(source, chars);
@@ -40,10 +41,10 @@ void VhdlToken::alignComment(int width, std::string_view chars, int frame) {
     drawn.catRepeated(addColumns(width, -indent) - count, filler);
     drawn.catRepeated(pairLength, mark);
   }
-  setFormatText(std::move(drawn));
+  setFormatText(drawn.view(), arena);
 }
 
-void VhdlToken::trimmComment(int width, std::string_view pair) {
+void VhdlToken::trimmComment(int width, std::string_view pair, Arena& arena) {
   if (typ != T_COMMENT) return;
   const std::string_view source = viewText(1);
   const int room = addColumns(width, -indent);
@@ -56,33 +57,32 @@ void VhdlToken::trimmComment(int width, std::string_view pair) {
           source[static_cast<std::size_t>(last)] == mark)) {
     --last;
   }
-  if (hasFormatText == 0) setFormatText(source);
-  formatText.truncate(std::min(last + 2, count - pairLength));
-  formatText.catRepeated(pairLength, mark);
+  const auto end = static_cast<std::size_t>(std::min(last + 2, count - pairLength));
+  const std::span<char> trimmed = ownText(arena).first(end + pairLength);
+  std::fill(trimmed.begin() + static_cast<std::ptrdiff_t>(end), trimmed.end(), mark);
+  setFormatText(trimmed, arena);
 }
 
-bool VhdlToken::stripComment(int width, std::string_view chars, DynString& rest) {
-  if (typ != T_COMMENT) return false;
+std::span<char> VhdlToken::stripComment(int width, std::string_view chars, Arena& arena) {
+  if (typ != T_COMMENT) return {};
   const DynString pair(pairOf(viewText(1), chars));
-  if (pair.length() > 0) trimmComment(width, pair.view());
+  if (pair.length() > 0) trimmComment(width, pair.view(), arena);
   const std::string_view source = viewText(1);
-  if (indent <= width - static_cast<int>(source.size())) return false;
+  if (indent <= width - static_cast<int>(source.size())) return {};
   const int limit = addColumns(width, -indent) - (pair.length() > 0 ? pairLength + 1 : 0);
-  if (limit <= 0) return false;
+  if (limit <= 0) return {};
   const std::size_t blank = source.rfind(' ', static_cast<std::size_t>(limit));
-  if (blank == std::string_view::npos || blank < continuationMark.size()) return false;
-  if (hasFormatText == 1) {
-    rest = std::move(formatText);
-  } else {
-    rest.set(source);
-  }
-  formatText.set(rest.view().substr(0, blank));
-  hasFormatText = 1;
+  if (blank == std::string_view::npos || blank < continuationMark.size()) return {};
+  // The rest stays where it is, so that a comment of any length is split without copying the rest
+  // for each piece: what this line keeps is copied, and the next mark goes over the end of it.
+  const std::span<char> whole = ownText(arena);
+  DynString kept(source.substr(0, blank));
   if (pair.length() > 0) {
-    formatText.cat(' ');
-    formatText.cat(pair.view());
+    kept.cat(' ');
+    kept.cat(pair.view());
   }
-  rest.dropFront(static_cast<int>(blank + 1 - continuationMark.size()));
-  continuationMark.copy(rest.edit(), continuationMark.size());
-  return true;
+  setFormatText(kept.view(), arena);
+  const std::span<char> rest = whole.subspan(blank + 1 - continuationMark.size());
+  continuationMark.copy(rest.data(), continuationMark.size());
+  return rest;
 }

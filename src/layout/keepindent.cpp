@@ -4,7 +4,7 @@
 #include "scanner/vhdlscanner.h"
 
 void VhdlScanner::KeepIndentation() {
-  const auto* token = static_cast<const VhdlToken*>(tokenList.getFirst());
+  const auto* token = tokenList.getFirst();
   while (isSpacing(token->getTyp())) token = stepForward();
   const int typ = token->getTyp();
   if (typ == T_BEGIN || typ == T_ELSE || typ == T_ELSIF || typ == T_END) {

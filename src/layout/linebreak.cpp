@@ -16,21 +16,21 @@ struct VhdlScanner::LineInHand {
   long long width = 0;    // bytes of the tokens visited, the one under the anchor included
   long long surplus = 0;  // columns that tabs and redrawn comments before the anchor add to them
   bool isNew = true;      // is the token under the anchor visited for the first time?
-  OldListRefItem* reached = nullptr;  // the furthest token visited; those behind it await `shifts`
-  OldListRefItem* unmeasured = nullptr;  // the first token passed over whose column is not set yet
-  long long unmeasuredWidth = 0;         // bytes before that one
-  PendingShifts shifts;                  // for the rest of the line
-  OldListRefItem* hopeless = nullptr;    // a token on this line, with no place to break left of it
+  VhdlToken* reached = nullptr;     // the furthest token visited; those behind it await `shifts`
+  VhdlToken* unmeasured = nullptr;  // the first token passed over whose column is not set yet
+  long long unmeasuredWidth = 0;    // bytes before that one
+  PendingShifts shifts;             // for the rest of the line
+  VhdlToken* hopeless = nullptr;    // a token on this line, with no place to break left of it
   const VhdlToken* brokenComment = nullptr;  // the last one that was broken instead of its code
 
   /** Brings the indent of the token behind the furthest one up to date. */
-  void reach(OldListRefItem* node) {
+  void reach(VhdlToken* node) {
     reached = node;
     if (shifts.isEmpty()) return;
-    VhdlToken& token = tokenAt(node);
+    VhdlToken& token = *node;
     token.setIndent(shifts.apply(token.getIndent()));
   }
-  void visit(OldListRefItem* node) {
+  void visit(VhdlToken* node) {
     if (isNew) {
       reach(node);
     } else {
@@ -47,9 +47,9 @@ struct VhdlScanner::LineInHand {
   }
   /** Passes over the tokens behind a node that need nothing as long as the line fits. Returns the
      last of them, or the node itself. */
-  OldListRefItem* passPlainTokens(OldListRefItem* node, int limit);
+  VhdlToken* passPlainTokens(VhdlToken* node, int limit);
   /** Sets the columns of the tokens that were passed over, up to a node. */
-  void measure(const OldListRefItem* end);
+  void measure(const VhdlToken* end);
 };
 
 namespace {
@@ -72,14 +72,14 @@ bool isBlank(const VhdlToken& token) {
 
 }  // namespace
 
-OldListRefItem* VhdlScanner::LineInHand::passPlainTokens(OldListRefItem* node, int limit) {
+VhdlToken* VhdlScanner::LineInHand::passPlainTokens(VhdlToken* node, int limit) {
   if (!isNew || !shifts.isEmpty()) return node;
   if (unmeasured == nullptr) {
     unmeasured = node->getNext();
     unmeasuredWidth = width;
   }
-  for (OldListRefItem* next = node->getNext(); next != nullptr; next = next->getNext()) {
-    const VhdlToken& token = tokenAt(next);
+  for (VhdlToken* next = node->getNext(); next != nullptr; next = next->getNext()) {
+    const VhdlToken& token = *next;
     const long long wider = width + token.textLength(1);
     if (!isPlain(token) || wider > limit) break;
     width = wider;
@@ -88,11 +88,11 @@ OldListRefItem* VhdlScanner::LineInHand::passPlainTokens(OldListRefItem* node, i
   return node;
 }
 
-void VhdlScanner::LineInHand::measure(const OldListRefItem* end) {
+void VhdlScanner::LineInHand::measure(const VhdlToken* end) {
   if (unmeasured == nullptr) return;
   long long column = unmeasuredWidth;
-  for (OldListRefItem* node = unmeasured; node != end; node = node->getNext()) {
-    VhdlToken& token = tokenAt(node);
+  for (VhdlToken* node = unmeasured; node != end; node = node->getNext()) {
+    VhdlToken& token = *node;
     token.setColumn(static_cast<int>(column));
     column += token.textLength(1);
   }
@@ -105,7 +105,7 @@ void VhdlScanner::LineBreak() {
   bool isWrapping = true;
   tokenList.getFirst();
   for (;;) {
-    tokenList.setAnchorNode(line.passPlainTokens(tokenList.getAnchorNode(), settings.lineWidth));
+    tokenList.setAnchor(line.passPlainTokens(tokenList.getAnchor(), settings.lineWidth));
     VhdlToken* token = stepForward();
     if (token == nullptr) break;
     const int typ = token->getTyp();
@@ -115,8 +115,8 @@ void VhdlScanner::LineBreak() {
       line.shifts.clear();
       continue;
     }
-    line.measure(tokenList.getAnchorNode());
-    line.visit(tokenList.getAnchorNode());
+    line.measure(tokenList.getAnchor());
+    line.visit(tokenList.getAnchor());
     token->setColumn(static_cast<int>(line.width));
     line.width += length;
     if (isPragma(typ)) isWrapping = typ == T_FORMAT_ON || typ == T_INDENT_ON;
@@ -129,20 +129,20 @@ void VhdlScanner::LineBreak() {
 void VhdlScanner::drawOutComment(VhdlToken& comment) {
   if (prevIsNewline(1) == 1) commentColumn = 0;
   if (settings.extendComments == 1) {
-    comment.alignComment(settings.lineWidth, settings.blockCommentCharacters.get(),
-                         settings.frameBlockComments);
+    comment.alignComment(settings.lineWidth, settings.blockCommentCharacters.view(),
+                         settings.frameBlockComments, tokenList.getArena());
   }
 }
 
 int VhdlScanner::WrapLine(LineInHand& line) {
-  OldListRefItem* overflow = tokenList.getAnchorNode();
+  VhdlToken* overflow = tokenList.getAnchor();
   anchorToken()->setColumn(heldInRange(anchorToken()->getColumn() + line.surplus));
   assert(anchorToken()->getColumn() == getColumn(1));
-  OldListRefItem* candidate = findBreak(line.hopeless);
+  VhdlToken* candidate = findBreak(line.hopeless);
   const VhdlToken* comment = candidate == nullptr ? nullptr : commentBehind(candidate);
   if (candidate != nullptr && comment == nullptr) {
     SetColumnsInLine();
-    tokenList.setAnchorNode(candidate);
+    tokenList.setAnchor(candidate);
     breakBehindAnchor(line);
     return 0;
   }
@@ -153,7 +153,7 @@ int VhdlScanner::WrapLine(LineInHand& line) {
     finishLine(line);
     line.brokenComment = comment;
     commentColumn = 0;
-    tokenList.setAnchorNode(candidate);
+    tokenList.setAnchor(candidate);
     breakComments(line);
     return 0;
   }
@@ -166,10 +166,10 @@ int VhdlScanner::WrapLine(LineInHand& line) {
   return 1;
 }
 
-OldListRefItem* VhdlScanner::findBreak(const OldListRefItem* hopeless) {
+VhdlToken* VhdlScanner::findBreak(const VhdlToken* hopeless) {
   const AnchorGuard guard(tokenList);
   const VhdlToken* behind = anchorToken();
-  OldListRefItem* candidate = nullptr;
+  VhdlToken* candidate = nullptr;
   int best = 0;
   bool isBlocked = false;
   while (behind->getColumn() != 0) {  // the first token of a line is scored too
@@ -179,30 +179,30 @@ OldListRefItem* VhdlScanner::findBreak(const OldListRefItem* hopeless) {
     isBlocked = score == -1;
     if (score > best) {  // of equal scores the one furthest right
       best = score;
-      candidate = tokenList.getAnchorNode();
+      candidate = tokenList.getAnchor();
     }
-    if (tokenList.getAnchorNode() == hopeless) break;
+    if (tokenList.getAnchor() == hopeless) break;
     behind = token;
   }
   return candidate;
 }
 
-const VhdlToken* VhdlScanner::commentBehind(OldListRefItem* node) {
+const VhdlToken* VhdlScanner::commentBehind(VhdlToken* node) {
   const AnchorGuard guard(tokenList);
-  tokenList.setAnchorNode(node);
+  tokenList.setAnchor(node);
   return nextIs(T_COMMENT) == 1 ? findComment() : nullptr;
 }
 
 void VhdlScanner::breakBehindAnchor(LineInHand& line) {
   VhdlToken& candidate = *anchorToken();
   if (candidate.getTyp() == T_WHITESPACE) candidate.setFormatText("");
-  tokenList.addItemAnchor(newSpacing(T_NEWLINE, candidate.getParenLevel(), "\n"));
+  tokenList.addItemAnchor(T_NEWLINE, candidate.getParenLevel())->setFormatText("\n");
   ruler.forget();
   const AnchorGuard guard(tokenList);
   bool isNew = false;
   for (VhdlToken* token = stepForward(); token != nullptr; token = stepForward()) {
-    if (isNew) line.reach(tokenList.getAnchorNode());
-    isNew = isNew || tokenList.getAnchorNode() == line.reached;
+    if (isNew) line.reach(tokenList.getAnchor());
+    isNew = isNew || tokenList.getAnchor() == line.reached;
     if (!isBlank(*token)) break;
     if (isLineEnd(*token, 1)) line.shifts.clear();  // the line below is drawn up to this one
     token->setFormatText("");
@@ -230,7 +230,7 @@ void VhdlScanner::ReindentLine(LineInHand& line) {
   const int limit = anchorToken()->getColumn();
   const int shift = limit - anchorToken()->getIndent();
   if (shift == 0) return;
-  while (tokenList.getAnchorNode() != line.reached) {
+  while (tokenList.getAnchor() != line.reached) {
     VhdlToken* token = stepForward();
     if (token->getIndent() > limit) token->setIndent(addColumns(token->getIndent(), -shift));
   }
@@ -243,10 +243,10 @@ void VhdlScanner::finishLine(LineInHand& line) {
   int column = addColumns(token->getColumn(), token->textLength(1));
   bool isNew = false;
   while (!isLineEnd(*token, 1)) {
-    isNew = isNew || tokenList.getAnchorNode() == line.reached;
+    isNew = isNew || tokenList.getAnchor() == line.reached;
     token = stepForward();
     if (token == nullptr) break;
-    if (isNew) line.reach(tokenList.getAnchorNode());
+    if (isNew) line.reach(tokenList.getAnchor());
     token->setColumn(column);
     column = addColumns(column, countColumns(*token, 1, settings.indentation));
   }

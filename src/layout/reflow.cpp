@@ -1,7 +1,5 @@
 // Comments beside and behind an over-long line: moved, drawn out, cut at blanks. A comment that is
 // broken takes along the whole run of comments behind it.
-#include <utility>
-
 #include "scanner/vhdlscanner.h"
 
 void VhdlScanner::BreakComment() {
@@ -10,18 +8,16 @@ void VhdlScanner::BreakComment() {
     placeLongComment(comment);
     const int column = getColumn(1);
     comment.setIndent(column);
-    DynString rest;
-    const bool isSplit =
-        comment.stripComment(settings.lineWidth, settings.blockCommentCharacters.get(), rest);
+    Arena& arena = tokenList.getArena();
+    const std::string_view frame = settings.blockCommentCharacters.view();
+    const std::span<char> rest = comment.stripComment(settings.lineWidth, frame, arena);
     if (settings.extendComments == 1) {
-      comment.alignComment(settings.lineWidth, settings.blockCommentCharacters.get(),
-                           settings.frameBlockComments);
+      comment.alignComment(settings.lineWidth, frame, settings.frameBlockComments, arena);
     }
-    if (isSplit) {
-      auto* piece = new VhdlToken(T_COMMENT, /*line*/ 0, /*level*/ 0, "");
-      piece->setFormatText(std::move(rest));
+    if (!rest.empty()) {
+      VhdlToken* piece = tokenList.addItemAnchor(T_COMMENT, /*level*/ 0);
+      piece->setFormatText(rest, arena);
       piece->setIndent(column);
-      tokenList.addItemAnchor(piece);
       setPrevNewline();
       IndentLine(0);
     } else {

@@ -39,7 +39,7 @@ int VhdlScanner::determineTargetLength(int typ, int orTyp) {
   targetLength = prevTargetLength();
   const AnchorGuard guard(tokenList);
   if (!goBeforeSemicolon()) return targetLength;
-  const OldListRefItem* start = tokenList.getAnchorNode();
+  const VhdlToken* start = tokenList.getAnchor();
   if (runEnds[typ] == start) return targetLength;
   bool isAssigned = true;  // has the statement in hand shown its assignment token?
   int semicolonLine = 0;
@@ -63,7 +63,7 @@ int VhdlScanner::determineTargetLength(int typ, int orTyp) {
 }
 
 bool VhdlScanner::goBeforeSemicolon() {
-  OldListRefItem* cursor = tokenList.getAnchorNode();
+  VhdlToken* cursor = tokenList.getAnchor();
   if (!stopIndex.isBuilt()) {
     int steps = 0;
     const VhdlToken* token = stepForward();
@@ -72,12 +72,12 @@ bool VhdlScanner::goBeforeSemicolon() {
       stopIndex.build(cursor);
       return false;
     }
-    stopIndex.countSteps(cursor, tokenList.getAnchorNode(), steps);
+    stopIndex.countSteps(cursor, tokenList.getAnchor(), steps);
   } else {
-    tokenList.setAnchorNode(stopIndex.nextSemicolon());
+    tokenList.setAnchor(stopIndex.nextSemicolon());
   }
   stepBack();
-  return tokenList.getAnchorNode() != nullptr;
+  return tokenList.getAnchor() != nullptr;
 }
 
 int VhdlScanner::blanksBeforeAssignment(int typ, int orTyp) {

@@ -52,7 +52,7 @@ VhdlToken* VhdlScanner::getNextToken() {
       if (spacing.before != KEPT) setPrevSpaces(spacing.before);
       if (spacing.behind != KEPT) setNextSpaces(spacing.behind);
       if (spacing.gravity != KEPT) token->setGravity(spacing.gravity);
-      stopIndex.pass(tokenList.getAnchorNode());
+      stopIndex.pass(tokenList.getAnchor());
       return token;
     }
   }

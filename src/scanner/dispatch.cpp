@@ -128,7 +128,7 @@ bool VhdlScanner::waitFor(int typ, int orTyp) {
 
 int VhdlScanner::determineContext() {
   const int context = findContext();
-  contextMark = tokenList.getAnchorNode();
+  contextMark = tokenList.getAnchor();
   contextTyp = context;
   return context;
 }
@@ -136,7 +136,7 @@ int VhdlScanner::determineContext() {
 int VhdlScanner::findContext() {
   const AnchorGuard guard(tokenList);
   while (const VhdlToken* token = stepBack()) {
-    if (tokenList.getAnchorNode() == contextMark) return contextTyp;  // nothing before it changes
+    if (tokenList.getAnchor() == contextMark) return contextTyp;  // nothing before it changes
     switch (token->getTyp()) {
       case T_COLON: return T_COLON;
       case T_ALIAS:

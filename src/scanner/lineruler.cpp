@@ -7,18 +7,18 @@
 namespace {
 
 /** The first token at or behind a node that is no blank, or null. */
-OldListRefItem* skipBlanks(OldListRefItem* node) {
-  while (node != nullptr && tokenAt(node).getTyp() == T_WHITESPACE) node = node->getNext();
+VhdlToken* skipBlanks(VhdlToken* node) {
+  while (node != nullptr && node->getTyp() == T_WHITESPACE) node = node->getNext();
   return node;
 }
 
 /** The reading without a memory. */
-[[maybe_unused]] LineRuler::Reading readPlainly(OldListRefItem* place, int tabWidth) {
+[[maybe_unused]] LineRuler::Reading readPlainly(VhdlToken* place, int tabWidth) {
   int column = 0;
-  OldListRefItem* start = place;
-  for (OldListRefItem* node = place->getPrev(); node != nullptr; node = node->getPrev()) {
-    if (isLineEnd(tokenAt(node), 1)) break;
-    column = addColumns(column, countColumns(tokenAt(node), 1, tabWidth));
+  VhdlToken* start = place;
+  for (VhdlToken* node = place->getPrev(); node != nullptr; node = node->getPrev()) {
+    if (isLineEnd(*node, 1)) break;
+    column = addColumns(column, countColumns(*node, 1, tabWidth));
     start = node;
   }
   return {skipBlanks(start), column};
@@ -31,25 +31,25 @@ int countTabColumns(const VhdlToken& token, int formatted, int tabWidth) {
   return timesColumns(static_cast<int>(tabs), tabWidth - 1);
 }
 
-OldListRefItem* LineRuler::findFirst(OldListRefItem* place) const {
-  OldListRefItem* earliest = place;
-  for (OldListRefItem* node = place->getPrev(); node != nullptr; node = node->getPrev()) {
+VhdlToken* LineRuler::findFirst(VhdlToken* place) const {
+  VhdlToken* earliest = place;
+  for (VhdlToken* node = place->getPrev(); node != nullptr; node = node->getPrev()) {
     if (node == mark) return first;
-    if (tokenAt(node).getTyp() == T_WHITESPACE) continue;
-    if (isLineEnd(tokenAt(node), 1)) break;
+    if (node->getTyp() == T_WHITESPACE) continue;
+    if (isLineEnd(*node, 1)) break;
     earliest = node;
   }
   return skipBlanks(earliest);
 }
 
-LineRuler::Reading LineRuler::read(OldListRefItem* place, int tabWidth) {
+LineRuler::Reading LineRuler::read(VhdlToken* place, int tabWidth) {
   long long column = 0;
-  long long behindMark = 0;           // columns between the new mark and the place
-  OldListRefItem* newMark = nullptr;  // the nearest token before the place that can be one
-  OldListRefItem* earliest = place;   // the token furthest back that is no blank
-  OldListRefItem* node = place->getPrev();
+  long long behindMark = 0;      // columns between the new mark and the place
+  VhdlToken* newMark = nullptr;  // the nearest token before the place that can be one
+  VhdlToken* earliest = place;   // the token furthest back that is no blank
+  VhdlToken* node = place->getPrev();
   for (; node != nullptr && node != mark; node = node->getPrev()) {
-    const VhdlToken& token = tokenAt(node);
+    const VhdlToken& token = *node;
     if (token.getTyp() == T_WHITESPACE) {
       column += token.textLength(1);
       continue;
@@ -78,15 +78,15 @@ LineRuler::Reading LineRuler::read(OldListRefItem* place, int tabWidth) {
   return reading;
 }
 
-int LineRuler::readSource(const OldListRefItem* place, int tabWidth) {
+int LineRuler::readSource(const VhdlToken* place, int tabWidth) {
   long long column = 0;
-  const OldListRefItem* node = place->getPrev();
-  while (node != nullptr && node != sourceMark && !isLineEnd(tokenAt(node), 0)) {
-    column += countColumns(tokenAt(node), 0, tabWidth);
+  const VhdlToken* node = place->getPrev();
+  while (node != nullptr && node != sourceMark && !isLineEnd(*node, 0)) {
+    column += countColumns(*node, 0, tabWidth);
     node = node->getPrev();
   }
-  if (node != nullptr && node == sourceMark && !isLineEnd(tokenAt(node), 0)) {
-    column += sourceColumn + static_cast<long long>(countColumns(tokenAt(node), 0, tabWidth));
+  if (node != nullptr && node == sourceMark && !isLineEnd(*node, 0)) {
+    column += sourceColumn + static_cast<long long>(countColumns(*node, 0, tabWidth));
   }
   sourceMark = place;
   sourceColumn = heldInRange(column);

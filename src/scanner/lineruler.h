@@ -21,22 +21,22 @@ class LineRuler {
  public:
   /** What stands before a place on its output line. */
   struct Reading {
-    OldListRefItem* first;  // the line's first token that is no blank; null at the list's end
-    int column;             // columns before the place, counted from 0
+    VhdlToken* first;  // the line's first token that is no blank; null at the list's end
+    int column;        // columns before the place, counted from 0
   };
 
   /** Measures the line that `place` stands on, as far as it is laid out. The token at `place` may
      be the line end that closes the line. A tab counts `tabWidth` columns. */
-  Reading read(OldListRefItem* place, int tabWidth);
+  Reading read(VhdlToken* place, int tabWidth);
 
   /** The reading's first token alone, which leaves the mark where it is. */
-  [[nodiscard]] OldListRefItem* findFirst(OldListRefItem* place) const;
+  [[nodiscard]] VhdlToken* findFirst(VhdlToken* place) const;
 
   /** The columns before `place` on its line of the source. */
-  [[nodiscard]] int readSource(const OldListRefItem* place, int tabWidth);
+  [[nodiscard]] int readSource(const VhdlToken* place, int tabWidth);
 
   /** The blank before a line's first token has become wider by that many columns. */
-  void indented(const OldListRefItem* token, int columns) {
+  void indented(const VhdlToken* token, int columns) {
     if (token == first) width = addColumns(width, columns);  // else no marked line is meant
   }
 
@@ -49,11 +49,11 @@ class LineRuler {
   }
 
  private:
-  OldListRefItem* first = nullptr;
-  OldListRefItem* mark = nullptr;
-  int width = 0;                               // columns
-  const OldListRefItem* sourceMark = nullptr;  // source texts never change
-  int sourceColumn = 0;                        // columns before it on its source line
+  VhdlToken* first = nullptr;
+  VhdlToken* mark = nullptr;
+  int width = 0;                          // columns
+  const VhdlToken* sourceMark = nullptr;  // source texts never change
+  int sourceColumn = 0;                   // columns before it on its source line
 };
 
 /** Columns that the tabs of a token's text take beyond one each, if a tab counts `tabWidth`. */

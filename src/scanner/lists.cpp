@@ -96,11 +96,11 @@ int VhdlScanner::LongestInterfaceIdentifier(int limit) {
   const int classColumn = lookForSignalConstantVariable();
   if (isLeftOpen(level)) return T_EOF;
   if (!stopIndex.knowsNames(limit)) return walkOverNames(level, classColumn, limit);
-  return stopIndex.longestName(tokenList.getAnchorNode(), level, classColumn) + 1;
+  return stopIndex.longestName(tokenList.getAnchor(), level, classColumn) + 1;
 }
 
 int VhdlScanner::walkOverNames(int level, int classColumn, int limit) {
-  const OldListRefItem* cursor = tokenList.getAnchorNode();
+  const VhdlToken* cursor = tokenList.getAnchor();
   if (cursor == nullptr) return T_EOF;
   const NameWalk walk = walkOverInterfaceNames(cursor, level, classColumn, limit);
   if (walk.end == nullptr) {
@@ -143,8 +143,8 @@ int VhdlScanner::setWordColumn(WordKind kind) {
 int VhdlScanner::setIndexedWordColumn(int level, WordKind kind) {
   const int widest = stopIndex.widestWord(level, kind);
   const AnchorGuard guard(tokenList);
-  for (OldListRefItem* word : stopIndex.wordsToSet(level, kind)) {
-    tokenList.setAnchorNode(word);
+  for (VhdlToken* word : stopIndex.wordsToSet(level, kind)) {
+    tokenList.setAnchor(word);
     setNextSpaces(widest - wordWidth(kind, typAt(word)) + 1);
   }
   return widest;
@@ -184,7 +184,7 @@ void VhdlScanner::AssociationList(int level) {
 int VhdlScanner::LongestAssociationIdentifier(int& hasArrow) {
   const int level = getParenLevel();
   if (isLeftOpen(level)) return T_EOF;
-  const OldListRefItem* cursor = tokenList.getAnchorNode();
+  const VhdlToken* cursor = tokenList.getAnchor();
   const AnchorGuard guard(tokenList);
   int length = 0;
   int longest = 0;
@@ -213,14 +213,14 @@ int VhdlScanner::CountListEntries(int level, int separator, int stop) {
     assert(separator == T_COMMA);  // the only one that is indexed
     return stopIndex.countEntries(level, stop);
   }
-  const OldListRefItem* cursor = tokenList.getAnchorNode();
+  const VhdlToken* cursor = tokenList.getAnchor();
   const AnchorGuard guard(tokenList);
   int count = 1;
   int steps = 0;
   for (const VhdlToken* token = stepForward(); token != nullptr; token = stepForward(), ++steps) {
     if (token->getParenLevel() > level) continue;
     if (token->getTyp() == stop) {
-      stopIndex.countSteps(cursor, tokenList.getAnchorNode(), steps);
+      stopIndex.countSteps(cursor, tokenList.getAnchor(), steps);
       return std::min(count, severalEntries);
     }
     if (token->getTyp() == separator) ++count;

@@ -8,7 +8,7 @@ int VhdlScanner::getParenLevel() const {
 }
 
 int VhdlScanner::typBehindBlanks() const {
-  const OldListRefItem* node = tokenList.getAnchorNode();
+  const VhdlToken* node = tokenList.getAnchor();
   if (node == nullptr) return -1;
   do {
     node = node->getNext();
@@ -17,7 +17,7 @@ int VhdlScanner::typBehindBlanks() const {
 }
 
 int VhdlScanner::typBeforeBlanks() const {
-  const OldListRefItem* node = tokenList.getAnchorNode();
+  const VhdlToken* node = tokenList.getAnchor();
   if (node == nullptr) return -1;
   do {
     node = node->getPrev();
@@ -26,7 +26,7 @@ int VhdlScanner::typBeforeBlanks() const {
 }
 
 int VhdlScanner::nextIsComment() const {
-  const OldListRefItem* node = tokenList.getAnchorNode();
+  const VhdlToken* node = tokenList.getAnchor();
   if (node == nullptr) return 0;
   do {
     node = node->getNext();
@@ -35,7 +35,7 @@ int VhdlScanner::nextIsComment() const {
 }
 
 int VhdlScanner::LookForward(int count) const {
-  const OldListRefItem* node = tokenList.getAnchorNode();
+  const VhdlToken* node = tokenList.getAnchor();
   while (node != nullptr && (node = node->getNext()) != nullptr) {
     const int typ = typAt(node);
     if (!isSpacing(typ) && --count <= 0) return typ;
@@ -69,7 +69,7 @@ int VhdlScanner::prevIsLabel() {
 }
 
 int VhdlScanner::getColumn(int mode) {
-  OldListRefItem* place = tokenList.getAnchorNode();
+  VhdlToken* place = tokenList.getAnchor();
   if (place == nullptr) return 0;
   return mode == 1 ? ruler.read(place, settings.indentation).column
                    : ruler.readSource(place, settings.indentation);

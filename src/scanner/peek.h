@@ -18,7 +18,7 @@ class VhdlScanner::Peek {
 
  private:
   VhdlScanner& scanner;
-  AnchorGuard guard;
+  AnchorGuard<VhdlToken> guard;
   std::size_t place;
 };
 

@@ -59,9 +59,7 @@ void VhdlScanner::startLex() {
 int VhdlScanner::IncludeHeaders() { return 0; }
 
 void VhdlScanner::addSentinel() {
-  auto* sentinel = new VhdlToken(T_NEWLINE, 0, 0, "\n");
-  sentinel->setFormatText("\n");
-  tokenList.addItemFirst(sentinel);
+  tokenList.addItemFirst(T_NEWLINE, 0, 0, "\n")->setFormatText("\n");
 }
 
 int VhdlScanner::format() {
@@ -89,7 +87,7 @@ void VhdlScanner::Reset() {
   indentStack.reset();
   ruler.reset();
   contextMark = nullptr;
-  runEnds = TokenTable<const OldListRefItem*>(nullptr);
+  runEnds = TokenTable<const VhdlToken*>(nullptr);
   indent = 0;
   statementClosed = 1;
   inBlockHeader = 0;

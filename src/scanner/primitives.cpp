@@ -5,29 +5,21 @@
 
 namespace {
 
-/** Width of the blank before a node, 0 if there is none. */
-int blanksBefore(const OldListRefItem& node) {
-  if (node.getPrev() == nullptr) return 0;
-  const VhdlToken& token = tokenAt(node.getPrev());
-  return token.getTyp() == T_WHITESPACE ? token.textLength(1) : 0;
+/** Width of the blank before a token, 0 if there is none. */
+int blanksBefore(const VhdlToken& behind) {
+  const VhdlToken* token = behind.getPrev();
+  return typAt(token) == T_WHITESPACE ? token->textLength(1) : 0;
 }
 
 /** Has the line's first token its blanks already? */
-bool isIndented(const OldListRefItem& first, int indent) {
-  const OldListRefItem* node = first.getPrev();
-  if (node == nullptr) return false;
-  const VhdlToken& token = tokenAt(node);
-  if (token.getTyp() != T_WHITESPACE) return indent <= 0;
-  return token.isFormatted() && token.textLength(1) == indent;
+bool isIndented(const VhdlToken& first, int indent) {
+  const VhdlToken* token = first.getPrev();
+  if (token == nullptr) return false;
+  if (token->getTyp() != T_WHITESPACE) return indent <= 0;
+  return token->isFormatted() && token->textLength(1) == indent;
 }
 
 }  // namespace
-
-VhdlToken* VhdlScanner::newSpacing(int typ, int level, std::string_view format) {
-  auto* token = new VhdlToken(typ, /*line*/ 0, level, "");
-  token->setFormatText(format);
-  return token;
-}
 
 void VhdlScanner::setNextSpaces(int count) {
   VhdlToken* next = peekForward();
@@ -47,30 +39,24 @@ void VhdlScanner::setPrevSpaces(int count) {
   }
 }
 
-VhdlToken* VhdlScanner::newBlanks(int count) {
-  VhdlToken* blanks = newSpacing(T_WHITESPACE, getParenLevel(), "");
-  blanks->setFormatBlanks(count);
-  return blanks;
-}
-
 void VhdlScanner::insertBlanksBehind(int count) {
   const VhdlToken* next = peekForward();
   if (next == nullptr) {
-    tokenList.addItemLast(newBlanks(count));
+    tokenList.addItemLast(T_WHITESPACE, getParenLevel())->setFormatBlanks(count);
   } else if (next->getTyp() != T_EOF && count > 0) {
     const AnchorGuard guard(tokenList);
-    tokenList.addItemAnchor(newBlanks(count));
+    tokenList.addItemAnchor(T_WHITESPACE, getParenLevel())->setFormatBlanks(count);
   }
 }
 
 void VhdlScanner::insertBlanksBefore(int count) {
+  const int level = getParenLevel();
   if (peekBack() == nullptr) {
-    if (count != 0) tokenList.addItemFirst(newBlanks(count));
+    if (count != 0) tokenList.addItemFirst(T_WHITESPACE, level)->setFormatBlanks(count);
   } else if (count > 0) {
-    VhdlToken* blanks = newBlanks(count);
     const AnchorGuard guard(tokenList);
     stepBack();
-    tokenList.addItemAnchor(blanks);
+    tokenList.addItemAnchor(T_WHITESPACE, level)->setFormatBlanks(count);
   }
 }
 
@@ -80,7 +66,7 @@ void VhdlScanner::setNextNewline() {
   const int level = getParenLevel();
   VhdlToken* token = stepForward();
   if (token == nullptr) {
-    tokenList.addItemLast(newSpacing(T_NEWLINE, level, "\n"));
+    tokenList.addItemLast(T_NEWLINE, level)->setFormatText("\n");
     return;
   }
   while (token->getTyp() == T_WHITESPACE) {
@@ -93,7 +79,7 @@ void VhdlScanner::setNextNewline() {
     return;
   }
   stepBack();
-  tokenList.addItemAnchor(newSpacing(T_NEWLINE, level, "\n"));
+  tokenList.addItemAnchor(T_NEWLINE, level)->setFormatText("\n");
 }
 
 void VhdlScanner::endLine() {
@@ -118,7 +104,7 @@ void VhdlScanner::setPrevNewline() {
   if (token->getTyp() == T_NEWLINE) {
     token->setFormatText("\n");
   } else {
-    tokenList.addItemAnchor(newSpacing(T_NEWLINE, level, "\n"));
+    tokenList.addItemAnchor(T_NEWLINE, level)->setFormatText("\n");
   }
   IndentLine(0);  // of the line that now ends here
 }
@@ -133,18 +119,21 @@ void VhdlScanner::deleteNewline() {
   }
 }
 
-void VhdlScanner::singleSpace() { anchorToken()->setTextIfUnformatted(" "); }
+void VhdlScanner::singleSpace() {
+  VhdlToken* blank = anchorToken();
+  if (!blank->isFormatted()) blank->setFormatBlanks(1);
+}
 
 void VhdlScanner::IndentLine(int delta) {
-  OldListRefItem* place = tokenList.getAnchorNode();
+  VhdlToken* place = tokenList.getAnchor();
   if (place == nullptr) return;
-  OldListRefItem* first = ruler.findFirst(place);
+  VhdlToken* first = ruler.findFirst(place);
   if (first == nullptr) return;
-  VhdlToken& token = tokenAt(first);
+  VhdlToken& token = *first;
   if (delta != 0) token.setIndent(addColumns(token.getIndent(), delta));
   if (isIndented(*first, token.getIndent())) return;
   const AnchorGuard guard(tokenList);
-  tokenList.setAnchorNode(first);
+  tokenList.setAnchor(first);
   const int before = blanksBefore(*first);
   setPrevSpaces(token.getIndent());
   ruler.indented(first, blanksBefore(*first) - before);

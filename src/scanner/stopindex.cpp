@@ -56,12 +56,11 @@ NameRole nameRole(int typ) { return nameRoles[typ]; }
 
 int wordWidth(WordKind kind, int typ) { return wordWidths[typ][kind]; }
 
-NameWalk walkOverInterfaceNames(const OldListRefItem* cursor, int level, int classColumn,
-                                int limit) {
+NameWalk walkOverInterfaceNames(const VhdlToken* cursor, int level, int classColumn, int limit) {
   NameWalk walk;
   int length = 0;
   for (const auto* node = cursor->getNext(); node != nullptr; node = node->getNext()) {
-    const VhdlToken& token = tokenAt(node);
+    const VhdlToken& token = *node;
     if (endsList(token, level)) {
       walk.end = node;
       return walk;
@@ -106,7 +105,7 @@ void StopIndex::reset(int longestName) {
   longestCounted = longestName;
 }
 
-void StopIndex::countSteps(const OldListRefItem* cursor, const OldListRefItem* end, int steps) {
+void StopIndex::countSteps(const VhdlToken* cursor, const VhdlToken* end, int steps) {
   if (steps <= longWalk) return;
   if (awaited == nullptr) {
     awaited = end;
@@ -116,11 +115,11 @@ void StopIndex::countSteps(const OldListRefItem* cursor, const OldListRefItem* e
   }
 }
 
-void StopIndex::build(const OldListRefItem* cursor) {
+void StopIndex::build(const VhdlToken* cursor) {
   reset(longestCounted);
   Stop place{nullptr, 0, 0};
   Stop nameStart = place;
-  for (OldListRefItem* node = cursor->getNext(); node != nullptr; node = node->getNext()) {
+  for (VhdlToken* node = cursor->getNext(); node != nullptr; node = node->getNext()) {
     const int typ = typAt(node);
     if (isSpacing(typ)) continue;
     if (isStop(typ)) {
@@ -132,7 +131,7 @@ void StopIndex::build(const OldListRefItem* cursor) {
       case NAME_END:
       case NAME_DROPPED: nameStart = place; break;
       case NAME_CLASS: ++place.classWords; break;
-      case NAME_PART: place.columns += tokenAt(node).textLength(1); break;
+      case NAME_PART: place.columns += node->textLength(1); break;
       case NAME_NOTHING: break;
     }
   }
@@ -143,7 +142,7 @@ void StopIndex::build(const OldListRefItem* cursor) {
 
 StopIndex::Summary StopIndex::summarize(const Stop& stop, const Stop& nameStart) const {
   const int typ = typAt(stop.node);
-  const int level = tokenAt(stop.node).getParenLevel();
+  const int level = stop.node->getParenLevel();
   Summary summary;
   if (typ == T_SEMICOLON) summary.lowestSemicolon = level;
   if (typ == T_COMMA) summary.lowestComma = level;
@@ -181,7 +180,7 @@ void StopIndex::goBackTo(std::size_t place) {
 
 // --- Searches ---
 
-OldListRefItem* StopIndex::nextSemicolon() const {
+VhdlToken* StopIndex::nextSemicolon() const {
   const auto isSemicolon = [](const Summary& summary) { return summary.lowestSemicolon < INT_MAX; };
   return stops[summaries.findFirst(next, isSemicolon)].node;
 }
@@ -204,12 +203,12 @@ int StopIndex::widestWord(int level, WordKind kind) const {
   return summaries.collect(next, listEnd(level)).widest[kind];
 }
 
-std::vector<OldListRefItem*> StopIndex::wordsToSet(int level, WordKind kind) {
+std::vector<VhdlToken*> StopIndex::wordsToSet(int level, WordKind kind) {
   const std::size_t end = listEnd(level);
   const int width = widestWord(level, kind);
   auto& stretches = setStretches[kind];
   while (!stretches.empty() && stretches.back().end <= next) stretches.pop_back();
-  std::vector<OldListRefItem*> words;
+  std::vector<VhdlToken*> words;
   if (!stretches.empty() && stretches.back().width == width && stretches.back().end >= end) {
     return words;
   }
@@ -222,20 +221,20 @@ std::vector<OldListRefItem*> StopIndex::wordsToSet(int level, WordKind kind) {
   return words;
 }
 
-int StopIndex::longestName(const OldListRefItem* cursor, int level, int classColumn) const {
+int StopIndex::longestName(const VhdlToken* cursor, int level, int classColumn) const {
   const int longest = searchLongestName(cursor, level, classColumn);
   assert(longest == walkOverInterfaceNames(cursor, level, classColumn, longestCounted).longest);
   return longest;
 }
 
-int StopIndex::searchLongestName(const OldListRefItem* cursor, int level, int classColumn) const {
+int StopIndex::searchLongestName(const VhdlToken* cursor, int level, int classColumn) const {
   const std::size_t end = listEnd(level);
   const std::size_t first =
       summaries.findFirst(next, [](const Summary& summary) { return summary.hasNameEnd; });
   if (first >= end) return 0;
   long long columns = 0;  // before the next stop
   for (const auto* node = cursor->getNext(); node != stops[next].node; node = node->getNext()) {
-    if (!isSpacing(typAt(node))) columns += tokenAt(node).textLength(1);
+    if (!isSpacing(typAt(node))) columns += node->textLength(1);
   }
   const bool counts = nameRole(typAt(stops[first].node)) == NAME_END;
   const int firstName = counts ? nameLength(columns, stops[next], stops[first], classColumn) : 0;

@@ -44,14 +44,14 @@ enum NameRole : std::uint8_t {
 
 /** What a walk over the names of an interface list finds. */
 struct NameWalk {
-  int longest = 0;                      // columns; wider names than the limit count as none
-  int steps = 0;                        // tokens that were passed
-  const OldListRefItem* end = nullptr;  // the token that ends the list; null if none does
+  int longest = 0;                 // columns; wider names than the limit count as none
+  int steps = 0;                   // tokens that were passed
+  const VhdlToken* end = nullptr;  // the token that ends the list; null if none does
 };
 
 /** Walks over the list that stands behind a node, where each class word counts as `classColumn`. */
-[[nodiscard]] NameWalk walkOverInterfaceNames(const OldListRefItem* cursor, int level,
-                                              int classColumn, int limit);
+[[nodiscard]] NameWalk walkOverInterfaceNames(const VhdlToken* cursor, int level, int classColumn,
+                                              int limit);
 
 /** Columns that a word of that kind claims, itself and one blank; 0 for all other tokens. */
 [[nodiscard]] int wordWidth(WordKind kind, int typ);
@@ -64,12 +64,12 @@ class StopIndex {
   /** Is it built, and with names up to that length? */
   bool knowsNames(int longestName) const { return isBuilt() && longestName == longestCounted; }
   /** Indexes all that stands behind the node that the cursor is on. */
-  void build(const OldListRefItem* cursor);
+  void build(const VhdlToken* cursor);
   /** Takes note of a look-ahead over that many tokens, which stopped at `end`; several long ones
       over one stretch build the index. */
-  void countSteps(const OldListRefItem* cursor, const OldListRefItem* end, int steps);
+  void countSteps(const VhdlToken* cursor, const VhdlToken* end, int steps);
   /** To be called with every token that the cursor passes, blanks, line ends and comments aside. */
-  void pass(const OldListRefItem* node) {
+  void pass(const VhdlToken* node) {
     if (node == awaited) goOn();
   }
   /** A place to come back to, where the cursor is only sent ahead. */
@@ -79,7 +79,7 @@ class StopIndex {
   // --- Once built ---
 
   /** The next semicolon ahead, or null. */
-  [[nodiscard]] OldListRefItem* nextSemicolon() const;
+  [[nodiscard]] VhdlToken* nextSemicolon() const;
   /** The entries up to the next `stop`, a semicolon or a closing parenthesis, each on at most that
       level and parted by commas; no more than severalEntries are counted. 0 if it never comes. */
   [[nodiscard]] int countEntries(int level, int stop) const;
@@ -92,18 +92,18 @@ class StopIndex {
   [[nodiscard]] int widestWord(int level, WordKind kind) const;
   /** The words of a kind in the list ahead, whose blanks the caller is to set for the widest of
       them; none if they have been set so by an earlier call. */
-  [[nodiscard]] std::vector<OldListRefItem*> wordsToSet(int level, WordKind kind);
+  [[nodiscard]] std::vector<VhdlToken*> wordsToSet(int level, WordKind kind);
   /** The longest name of the list ahead, each class word counted as `classColumn`; as
       walkOverInterfaceNames finds it, which a debug build holds against it. Requires: the list has
      an end, the cursor is on that node, and `classColumn` is the width of the widest class word in
      the list. */
-  [[nodiscard]] int longestName(const OldListRefItem* cursor, int level, int classColumn) const;
+  [[nodiscard]] int longestName(const VhdlToken* cursor, int level, int classColumn) const;
 
  private:
   static constexpr std::array<int, 4> classColumns{5, 6, 7, 9};  // which a list can have
 
   struct Stop {
-    OldListRefItem* node;
+    VhdlToken* node;
     // Of the names and parts of names before it: columns but for class words, number of these.
     long long columns;
     int classWords;
@@ -129,14 +129,14 @@ class StopIndex {
   /** The length of a name between two stops; 0 if it is too long to count. */
   int nameLength(long long columns, const Stop& from, const Stop& to, int classColumn) const;
   std::size_t listEnd(int level) const;
-  int searchLongestName(const OldListRefItem* cursor, int level, int classColumn) const;
+  int searchLongestName(const VhdlToken* cursor, int level, int classColumn) const;
 
   std::vector<Stop> stops;       // in the order of the list, closed by an entry without a node
   BlockTree<Summary> summaries;  // of the stops, but for the last entry
   std::size_t next = 0;
-  const OldListRefItem* awaited = nullptr;  // the next stop, or the end of a long look-ahead
-  int overlaps = 0;                         // long look-aheads since then
-  int longestCounted = 0;                   // names that are longer count as none
+  const VhdlToken* awaited = nullptr;  // the next stop, or the end of a long look-ahead
+  int overlaps = 0;                    // long look-aheads since then
+  int longestCounted = 0;              // names that are longer count as none
   std::array<std::vector<SetStretch>, 2> setStretches;  // by kind, each in the one before
 };
 

@@ -81,25 +81,14 @@ class VhdlScanner {
   [[nodiscard]] int OpenOutfile(FileReplacement& outFile) const;
   /** Reports a write or a close that failed. */
   void CloseOutfile(FileReplacement& outFile) const;
-  /** The text of a token that starts in column `start`, with blanks turned into tabs as its code
-     allows. Like that of the two below, which do it to a comment and to blanks, the result is the
-     text itself or stands in `tabifyBuffer` until the next call. Requires: `tabify` is on. */
-  std::string_view tabified(int typ, int start, std::string_view text);
-  std::string_view Tabify(int start, std::string_view text);
-  std::string_view TabifyWhitespace(int start, std::string_view text);
-  void appendTabified(int start, int count);
-  int tabDistance() const;
-  /** Is a run of that many blanks from `start` on one that becomes tabs? */
-  bool reachesTabStop(int start, int count) const;
-  void reserveTabifyBuffer();
 
   // --- Look-around (lookaround.cpp): questions about the anchor's neighbours; the anchor stays ---
 
-  VhdlToken* anchorToken() const { return static_cast<VhdlToken*>(tokenList.getAnchor()); }
-  VhdlToken* peekForward() const { return static_cast<VhdlToken*>(tokenList.peekNext()); }
-  VhdlToken* peekBack() const { return static_cast<VhdlToken*>(tokenList.peekPrev()); }
-  VhdlToken* stepForward() { return static_cast<VhdlToken*>(tokenList.getNext()); }
-  VhdlToken* stepBack() { return static_cast<VhdlToken*>(tokenList.getPrev()); }
+  VhdlToken* anchorToken() const { return tokenList.getAnchor(); }
+  VhdlToken* peekForward() const { return tokenList.peekNext(); }
+  VhdlToken* peekBack() const { return tokenList.peekPrev(); }
+  VhdlToken* stepForward() { return tokenList.getNext(); }
+  VhdlToken* stepBack() { return tokenList.getPrev(); }
   int getParenLevel() const;
   /** Code of the next token, blanks passed over; -1 at the end of the list. */
   int typBehindBlanks() const;
@@ -158,10 +147,6 @@ class VhdlScanner {
   /** Gives the anchor's line its blanks, after adding delta to its first token's indent for good.
      On a line end, the line meant is the one that ends there. */
   void IndentLine(int delta);
-  /** A blank or line end that prints that text and stands in no list yet. */
-  static VhdlToken* newSpacing(int typ, int level, std::string_view format);
-  /** The same of that many blanks, on the anchor's level of parentheses. */
-  VhdlToken* newBlanks(int count);
 
   // --- Comments (comments.cpp) ---
 
@@ -334,9 +319,9 @@ class VhdlScanner {
   int WrapLine(LineInHand& line);
   /** The best token to break behind, left of the anchor on its line, or null. The search ends at
       `hopeless`, left of which there is none. The anchor stays. */
-  OldListRefItem* findBreak(const OldListRefItem* hopeless);
+  VhdlToken* findBreak(const VhdlToken* hopeless);
   /** The comment behind a node, if nothing but blanks stands between. The anchor stays. */
-  const VhdlToken* commentBehind(OldListRefItem* node);
+  const VhdlToken* commentBehind(VhdlToken* node);
   /** Ends the line behind the anchor token and moves the anchor onto the new line end. */
   void breakBehindAnchor(LineInHand& line);
   /** Brings the columns behind the anchor up to date as far as a break before it needs them: over
@@ -360,8 +345,8 @@ class VhdlScanner {
 
   // The input in hand.
   SourceText sourceText;
-  OldList tokenList;   // VhdlToken; owns all tokens, cleared by Reset
-  DynString fileName;  // the path that was really opened
+  TokenList tokenList;  // owns all tokens, cleared by Reset
+  DynString fileName;   // the path that was really opened
   FILE* inFile = nullptr;
   FileState inputState;  // of the file in hand when it was opened
 
@@ -379,14 +364,12 @@ class VhdlScanner {
   int lastCommentLine = -1;  // source line of the last comment
   int commentColumn;         // column of the comments under way
 
-  DynString tabifyBuffer;  // result of Tabify and TabifyWhitespace
-
-  LineRuler ruler;      // the output line under way; forgotten by Reset
-  StopIndex stopIndex;  // the stops ahead of the cursor; made anew by format
-  const OldListRefItem* contextMark = nullptr;  // the last token that determineContext was asked of
-  int contextTyp = -1;                          // and its answer
+  LineRuler ruler;                         // the output line under way; forgotten by Reset
+  StopIndex stopIndex;                     // the stops ahead of the cursor; made anew by format
+  const VhdlToken* contextMark = nullptr;  // the last token that determineContext was asked of
+  int contextTyp = -1;                     // and its answer
   // By the code that is put in a column: the last statement's end that is known to end a run.
-  TokenTable<const OldListRefItem*> runEnds{nullptr};
+  TokenTable<const VhdlToken*> runEnds{nullptr};
 };
 
 #endif

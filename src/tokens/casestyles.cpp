@@ -2,6 +2,8 @@
 // many letters at once.
 #include "tokens/casestyles.h"
 
+#include <cstring>
+
 namespace {
 
 constexpr int caseDistance = 'a' - 'A';
@@ -41,4 +43,17 @@ void convertCase(char* target, std::string_view source, int style, char before) 
       return;
     default: source.copy(target, size);
   }
+}
+
+void convertBlock(char* target, const char* source, int style) {
+  std::array<char, caseBlock> block;  // apart, so that the compiler sees that nothing overlaps
+  std::memcpy(block.data(), source, caseBlock);
+  if (style == C_LOWERCASE) {
+    for (char& letter : block) letter = lower(letter);
+  } else if (style == C_UPPERCASE) {
+    for (char& letter : block) letter = upper(letter);
+  } else if (style != C_ASIS) {
+    convertCase(block.data(), {source, caseBlock}, style);
+  }
+  std::memcpy(target, block.data(), caseBlock);
 }

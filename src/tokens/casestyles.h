@@ -26,4 +26,9 @@ class CaseStyles {
     may be the source. */
 void convertCase(char* target, std::string_view source, int style, char before = '\0');
 
+constexpr std::size_t caseBlock = 16;  // bytes
+
+/** The same of a whole block of bytes: the short texts of tokens, whatever their length. */
+void convertBlock(char* target, const char* source, int style);
+
 #endif

@@ -1,6 +1,22 @@
 // Tab expansion. Vertical tabs, form feeds and line feeds count one column like any character.
 #include "tokens/tabs.h"
 
+#include <climits>
+
+#include "base/fatal.h"
+
+int TabExpander::countBlanks(std::string_view text) {
+  long end = column;
+  for (const char blank : text) {
+    if (blank != ' ' && blank != '\t') return -1;
+    end += blank == ' ' ? 1 : toNextStop(end);
+  }
+  const long count = end - column;
+  if (count >= INT_MAX) outOfMemory();  // lengths are integers
+  column = end;
+  return static_cast<int>(count);
+}
+
 std::string_view TabExpander::ReplaceTabs(std::string_view text) {
   std::size_t tab = text.find('\t');
   if (tab == std::string_view::npos) {
@@ -11,7 +27,7 @@ std::string_view TabExpander::ReplaceTabs(std::string_view text) {
   while (tab != std::string_view::npos) {
     YYbuf.cat(text.substr(0, tab));
     advance(tab);
-    const int blanks = tabSize - static_cast<int>(column % tabSize);
+    const int blanks = toNextStop(column);
     YYbuf.catRepeated(blanks, ' ');
     column += blanks;
     text.remove_prefix(tab + 1);

@@ -19,11 +19,16 @@ class TabExpander {
   void setColumn(long place) { column = place; }
   /** Moves the column on over characters that are no tabs to be expanded. */
   void advance(std::size_t count) { column += static_cast<long>(count); }
+  /** The columns of a text of blanks and tabs, over which it moves the column on; -1 for any other
+      text, which moves nothing. */
+  [[nodiscard]] int countBlanks(std::string_view text);
   /** The text with tabs turned into blanks up to the next tab stop. Moves the column on over it.
       The result is the text itself or stands in `YYbuf` until the next call. */
   std::string_view ReplaceTabs(std::string_view text);
 
  private:
+  int toNextStop(long place) const { return tabSize - static_cast<int>(place % tabSize); }
+
   int tabSize = 4;
   long column = 0;
   DynString YYbuf;

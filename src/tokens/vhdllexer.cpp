@@ -3,7 +3,9 @@
 #include "tokens/vhdllexer.h"
 
 #include <array>
+#include <climits>
 
+#include "base/fatal.h"
 #include "tokens/lexrules.h"
 #include "tokens/tokencodes.h"
 #include "tokens/vhdltoken.h"
@@ -47,16 +49,20 @@ struct Match {
   std::size_t length;
 };
 
-/** What there was has been added or passed over. */
-constexpr Match nothingLeft{T_UNKNOWN, 0};
+/** The text of every T_BAR, with its padding. */
+constexpr char barRoom[1 + VhdlToken::textPadding] = "|";
+constexpr std::string_view barText(barRoom, 1);
+
+/** The rule has appended its token, or there was none. */
+constexpr Match alreadyAdded{T_UNKNOWN, 0};
 
 /** Cuts one source into tokens. The line feed behind the end of the source lets no rule pass. */
 class Lexer {
  public:
-  Lexer(const SourceText& source, LexState& counters, OldList& list)
+  Lexer(const SourceText& source, LexState& counters, TokenList& list)
       : at(source.begin()),
         end(source.end()),
-        holdsNul(source.view().find('\0') != std::string_view::npos),
+        isOdd(source.view().find('\0') != std::string_view::npos || source.view().size() > INT_MAX),
         state(counters),
         yytoklist(list) {}
   /** Adds all tokens of the source, T_EOF last. */
@@ -80,30 +86,38 @@ class Lexer {
   std::string_view take(std::size_t length) {
     const std::string_view text(at, length);
     at += length;
-    if (holdsNul) [[unlikely]]
-      return text.substr(0, text.find('\0'));
+    if (isOdd) [[unlikely]]
+      return storable(text);
     return text;
   }
+  static std::string_view storable(std::string_view text);
   void add(Match match);
-  /** Adds a token of another text; nothing is left. */
-  Match addText(int typ, std::string_view text);
-  /** Adds a token in whose text tabs have become blanks. */
-  Match addExpanded(int typ, std::size_t length) {
-    return addText(typ, state.tabs.ReplaceTabs(take(length)));
+  /** Adds a token with a text that need not be the source's, or with a number of blanks. */
+  template <typename Text>
+  VhdlToken& addToken(int typ, Text text) {
+    return *yytoklist.addItemLast(typ, state.line, state.parenLevel, text);
   }
+  /** Adds a token in whose text tabs have become blanks. */
+  VhdlToken& addExpanded(int typ, std::size_t length);
+  Match addBlanks(std::size_t length);
 
   const char* at;
   const char* end;
-  bool holdsNul;
+  bool isOdd;  // does the source hold NUL bytes, or texts whose length is no integer?
   bool isEnded = false;
   LexState& state;
-  OldList& yytoklist;
+  TokenList& yytoklist;
 };
+
+std::string_view Lexer::storable(std::string_view text) {
+  if (text.size() > INT_MAX) outOfMemory();
+  return text.substr(0, text.find('\0'));
+}
 
 void Lexer::add(Match match) {
   const std::string_view text = take(match.length);
   state.tabs.advance(text.size());
-  yytoklist.addItemLast(new VhdlToken(match.typ, state.line, state.parenLevel, RoomyText{text}));
+  addToken(match.typ, text);
   if (match.typ == T_RPAREN) --state.parenLevel;
   if (match.typ == T_NEWLINE) {
     state.tabs.setColumn(0);
@@ -111,11 +125,25 @@ void Lexer::add(Match match) {
   }
 }
 
-Match Lexer::addText(int typ, std::string_view text) {
-  auto* token = new VhdlToken(typ, state.line, state.parenLevel, text);
-  if (typ == T_ATTRIBUTE_NAME) token->deleteSpaces();
-  yytoklist.addItemLast(token);
-  return nothingLeft;
+VhdlToken& Lexer::addExpanded(int typ, std::size_t length) {
+  const std::string_view source = take(length);
+  std::string_view text = state.tabs.ReplaceTabs(source);
+  if (text.data() != source.data()) {
+    const std::span<char> copy = VhdlToken::newText(text, yytoklist.getArena());
+    text = {copy.data(), copy.size()};
+  }
+  return addToken(typ, text);
+}
+
+Match Lexer::addBlanks(std::size_t length) {
+  const int blanks = state.tabs.countBlanks({at, length});
+  if (blanks < 0) {  // form feeds and vertical tabs stay
+    addExpanded(T_WHITESPACE, length);
+  } else {
+    at += length;
+    addToken(T_WHITESPACE, blanks);
+  }
+  return alreadyAdded;
 }
 
 Match Lexer::matchWord() const {
@@ -130,8 +158,10 @@ Match Lexer::matchWord() const {
 
 Match Lexer::matchWhitespace() {
   const std::size_t spaces = matchSpaces(at);
-  if (hasClass(at[spaces], BLANK)) return addExpanded(T_WHITESPACE, matchBlanks(at));
-  return {T_WHITESPACE, spaces};
+  if (hasClass(at[spaces], BLANK)) return addBlanks(matchBlanks(at));
+  state.tabs.advance(spaces);
+  addToken(T_WHITESPACE, static_cast<int>(take(spaces).size()));
+  return alreadyAdded;
 }
 
 Match Lexer::matchNumber() const {
@@ -142,7 +172,7 @@ Match Lexer::matchNumber() const {
 Match Lexer::matchSpecial() {
   switch (*at) {
     case '\n': return at == end ? matchEnd() : Match{T_NEWLINE, 1};
-    case '\r': ++at; return nothingLeft;
+    case '\r': ++at; return alreadyAdded;
     case '(': ++state.parenLevel; return {T_LPAREN, 1};
     case ')': return {T_RPAREN, 1};
     case '-': return matchCommentOrDelimiter();
@@ -153,27 +183,33 @@ Match Lexer::matchSpecial() {
     case '!':
       ++at;
       state.tabs.advance(1);
-      return addText(T_BAR, "|");
+      addToken(T_BAR, barText);
+      return alreadyAdded;
     default: return matchPunctuation();
   }
 }
 
 Match Lexer::matchEnd() {
   isEnded = true;
-  return addText(T_EOF, "");
+  addToken(T_EOF, /*blanks*/ 0);
+  return alreadyAdded;
 }
 
 Match Lexer::matchCommentOrDelimiter() {
   if (at[1] != '-') return {T_DELIMITER, 1};
   const int typ = commentTyp(at);
-  return typ == T_COMMENT ? addExpanded(typ, matchComment(at)) : Match{typ, matchComment(at)};
+  if (typ != T_COMMENT) return {typ, matchComment(at)};
+  addExpanded(typ, matchComment(at));
+  return alreadyAdded;
 }
 
 Match Lexer::matchTick() {
   if (isTickBeforeLiteral(at)) return {T_TICK, 1};
   if (isCharacterLiteral(at)) return {T_CHARACTER, 3};
   const std::size_t attribute = matchAttribute(at);
-  return attribute > 0 ? addExpanded(T_ATTRIBUTE_NAME, attribute) : Match{T_DELIMITER, 1};
+  if (attribute == 0) return {T_DELIMITER, 1};
+  addExpanded(T_ATTRIBUTE_NAME, attribute).deleteSpaces(yytoklist.getArena());
+  return alreadyAdded;
 }
 
 Match Lexer::matchPunctuation() const {
@@ -204,6 +240,6 @@ void Lexer::addTokens() {
 
 }  // namespace
 
-void yylex(const SourceText& source, LexState& state, OldList& yytoklist) {
+void yylex(const SourceText& source, LexState& state, TokenList& yytoklist) {
   Lexer(source, state, yytoklist).addTokens();
 }

@@ -4,9 +4,9 @@
 #ifndef QORN_TOKENS_VHDLLEXER_H
 #define QORN_TOKENS_VHDLLEXER_H
 
-#include "base/oldlist.h"
 #include "base/sourcetext.h"
 #include "tokens/tabs.h"
+#include "tokens/vhdltoken.h"
 
 /** What runs on from one source of a run to the next. */
 struct LexState {
@@ -16,6 +16,6 @@ struct LexState {
 };
 
 /** Appends the tokens of the source, T_EOF last, to the list, which owns them. */
-void yylex(const SourceText& source, LexState& state, OldList& yytoklist);
+void yylex(const SourceText& source, LexState& state, TokenList& yytoklist);
 
 #endif

@@ -1,46 +1,33 @@
-// Texts of a token.
+// Texts of a token that are more than blanks or a line end.
 #include "tokens/vhdltoken.h"
 
-void* VhdlToken::operator new(std::size_t) { return Pool<sizeof(VhdlToken)>::take(); }
+#include <algorithm>
+#include <new>
 
-void VhdlToken::operator delete(void* token) { Pool<sizeof(VhdlToken)>::give(token); }
-
-void VhdlToken::setFormatText(std::string_view replacement) {
-  formatText.set(replacement);
-  hasFormatText = 1;
+std::span<char> VhdlToken::newText(std::string_view text, Arena& arena) {
+  char* copy = static_cast<char*>(arena.take(text.size() + textPadding));
+  text.copy(copy, text.size());
+  return {copy, text.size()};
 }
 
-void VhdlToken::setFormatText(DynString&& replacement) {
-  formatText = std::move(replacement);
-  hasFormatText = 1;
-}
-
-void VhdlToken::setTextIfUnformatted(std::string_view replacement) {
-  if (hasFormatText == 0) setFormatText(replacement);
-}
-
-void VhdlToken::deleteSpaces() {
-  DynString rest;
-  for (const char letter : viewText(1)) {
-    if (letter != ' ') rest.cat(letter);
+void VhdlToken::setFormatText(std::span<char> replacement, Arena& arena) {
+  if (!hasTexts) {
+    texts = ::new (arena.take(sizeof(Texts))) Texts{text, replacement};
+    hasTexts = true;
   }
-  setFormatText(std::move(rest));
+  texts->format = replacement;
+  format = OWN_TEXT;
 }
 
-int VhdlToken::writeShort(char* target, int formatted, int style) const {
-  const DynString& source = chosen(formatted);
-  if (!source.isShort()) return -1;
-  source.copyBlock(target);
-  if (style == C_LOWERCASE || style == C_UPPERCASE) {
-    convertCase(target, {target, DynString::shortMax + 1}, style);
-  } else if (style != C_ASIS) {
-    return -1;
-  }
-  return source.length();
+std::span<char> VhdlToken::ownText(Arena& arena) {
+  if (format != OWN_TEXT) setFormatText(viewText(1), arena);
+  return texts->format;
 }
 
-int VhdlToken::getWrapGravity(int target) const {
-  if (gravity < 1) return gravity;
-  if (typ == T_NEWLINE) return 0;
-  return column > target ? column - target + gravity : 0;
+void VhdlToken::deleteSpaces(Arena& arena) {
+  const std::string_view source = viewText(1);
+  if (source.find(' ') == std::string_view::npos) return;
+  const std::span<char> rest = ownText(arena);
+  const auto kept = std::remove(rest.begin(), rest.end(), ' ') - rest.begin();
+  setFormatText(rest.first(static_cast<std::size_t>(kept)), arena);
 }

@@ -1,12 +1,20 @@
 // The one record of the system: a source file is a list of these, and formatting means changing
 // them. A token never leaves its list; one that is to vanish gets an empty format text.
+//
+// A record copies no text. Its source text stands in the source or, where tabs were expanded, in
+// the storage of the list. Its format text is nearly always a run of blanks, a line end or nothing,
+// which one number tells, so that a run of blanks costs the same whatever its length. With texts of
+// its own a record takes two thirds more memory, and the formatter a third more instructions.
 #ifndef QORN_TOKENS_VHDLTOKEN_H
 #define QORN_TOKENS_VHDLTOKEN_H
 
+#include <cassert>
 #include <cstdint>
+#include <span>
 #include <string_view>
+#include <type_traits>
 
-#include "base/dynstring.h"
+#include "base/arena.h"
 #include "base/oldlist.h"
 #include "tokens/casestyles.h"
 #include "tokens/tokencodes.h"
@@ -17,22 +25,19 @@ struct CaseText {
   int style;
 };
 
-/** A token owns its two texts and copies what it is given. Texts that it hands out live until that
-    text changes. */
-class VhdlToken : public OldListItem {
+/** A token is owns no texts. Those that it is given live as long as the token, and textPadding
+   bytes after them can be read. */
+class VhdlToken : public OldListItem<VhdlToken> {
  public:
-  VhdlToken() : VhdlToken(0, 0, 0, std::string_view()) {}
-  VhdlToken(int code, int line, int level, std::string_view source)
-      : typ(static_cast<std::int16_t>(code)), parenLevel(level), lineNo(line), text(source) {}
-  /** The same of a text that can be copied in one block. */
-  VhdlToken(int code, int line, int level, RoomyText source)
-      : typ(static_cast<std::int16_t>(code)), parenLevel(level), lineNo(line), text(source) {}
-  VhdlToken(const VhdlToken&) = default;
-  VhdlToken& operator=(const VhdlToken&) = delete;
-  ~VhdlToken() override = default;
+  static constexpr int textPadding = caseBlock;
 
-  static void* operator new(std::size_t size);
-  static void operator delete(void* token);
+  VhdlToken(int code, int line, int level, std::string_view source)
+      : VhdlToken(code, line, level, source.data(), static_cast<int>(source.size())) {}
+  /** One whose source text is that many blanks. */
+  VhdlToken(int code, int line, int level, int blanks)
+      : VhdlToken(code, line, level, nullptr, blanks) {}
+  /** One that the formatter inserts, without a source. */
+  VhdlToken(int code, int level) : VhdlToken(code, /*line*/ 0, level, /*blanks*/ 0) {}
 
   int getTyp() const { return typ; }
   void setTyp(int code) { typ = static_cast<std::int16_t>(code); }
@@ -48,90 +53,133 @@ class VhdlToken : public OldListItem {
   void setColumn(int place) { column = place; }
 
   // --- Texts ---
+  //
+  // With `formatted` 1 the effective text: the format text once one was set, else the source text.
+  // With 0 the source text.
 
-  /** Replaces the source text; the format text stays. */
-  void setText(std::string_view source) { text.set(source); }
-  /** Sets what is printed instead of the source text, the empty text included. */
-  void setFormatText(std::string_view replacement);
-  void setFormatText(DynString&& replacement);
-  /** As setFormatText with that many blanks; with the empty text for 0 or less. */
-  void setFormatBlanks(int count) {
-    formatText.setBlanks(count);
-    hasFormatText = 1;
+  /** Sets what is printed instead of the source text: the empty text or a line end. */
+  void setFormatText(std::string_view replacement) {
+    assert(replacement.empty() || replacement == "\n");
+    format = replacement.empty() ? 0 : LINE_END;
   }
-  /** As setFormatText, unless a format text was set before. */
-  void setTextIfUnformatted(std::string_view replacement);
-  const char* getFormatText() const { return formatText.get(); }
-  bool isFormatted() const { return hasFormatText == 1; }
-  /** With 1 the effective text: the format text once one was set, else the source text. With 0 the
-      source text. */
-  const char* getText(int formatted) const { return chosen(formatted).get(); }
-  std::string_view viewText(int formatted) const { return chosen(formatted).view(); }
-  /** Length of getText in bytes. */
-  int textLength(int formatted) const { return chosen(formatted).length(); }
+  /** The same of any text, of which it makes a copy in the arena. */
+  void setFormatText(std::string_view replacement, Arena& arena) {
+    setFormatText(newText(replacement, arena), arena);
+  }
+  /** The same of a text in the arena, which is the token's to change. */
+  void setFormatText(std::span<char> replacement, Arena& arena);
+  /** A copy with its padding. */
+  static std::span<char> newText(std::string_view text, Arena& arena);
+  /** The effective text, from now on one that is the token's to change. */
+  std::span<char> ownText(Arena& arena);
+  /** As setFormatText with that many blanks; with the empty text for 0 or less. */
+  void setFormatBlanks(int count) { format = count > 0 ? count : 0; }
+  bool isFormatted() const { return format != UNFORMATTED; }
+  /** In bytes. */
+  int textLength(int formatted) const {
+    if (formatted == 0 || format == UNFORMATTED) return length;
+    if (format >= 0) return format;
+    return format == LINE_END ? 1 : static_cast<int>(texts->format.size());
+  }
+  /** The number of blanks, if the text is empty or was set as a count of blanks; -1 for all else.
+   */
+  int countBlanks(int formatted) const {
+    if (formatted != 0 && format != UNFORMATTED) return format >= 0 ? format : -1;
+    return sourceText() == nullptr ? length : -1;
+  }
+  /** Requires: the text is empty or no count of blanks. */
+  std::string_view viewText(int formatted) const {
+    assert(countBlanks(formatted) <= 0);
+    if (formatted == 0 || format == UNFORMATTED) {
+      return {sourceText(), static_cast<std::size_t>(length)};
+    }
+    return format == LINE_END ? lineEnd : ownFormatText();
+  }
   /** Is it an identifier between backslashes, which may hold any character? */
-  bool isExtended() const { return typ == T_IDENTIFIER && *text.get() == '\\'; }
+  bool isExtended() const { return typ == T_IDENTIFIER && *sourceText() == '\\'; }
   /** May a tab stand in its text? Those of blanks, comments and attributes have been expanded. */
   bool mayHoldTabs() const { return keepsTabs(typ) || isExtended(); }
   /** Takes the space characters out of the effective text. */
-  void deleteSpaces();
+  void deleteSpaces(Arena& arena);
 
   // --- Letter case ---
 
-  /** The text that is printed, where `formatting` and `layout` are the output's two switches. */
+  /** The text that is printed, where `formatting` and `layout` are the output's two switches.
+     Requires: as viewText. */
   CaseText getCaseText(int formatting, int layout, const CaseStyles& styles) const {
     if (formatting == 0) return {viewText(0), C_ASIS};
     return {viewText(layout), styles.of(typ)};
   }
-  /** Writes getText(formatted) in a case style, if it is short, and returns its length; -1 for any
-      other text. Touches DynString::shortMax + 1 bytes of the target. */
-  int writeShort(char* target, int formatted, int style) const;
 
   // --- Wrapping ---
 
   /** Priority of a line break behind this token, if what follows would then stand at column
       `target`. 0: no place to break; below 0: nor is the token before it. */
-  int getWrapGravity(int target) const;
+  int getWrapGravity(int target) const {
+    if (gravity < 1) return gravity;
+    return typ != T_NEWLINE && column > target ? column - target + gravity : 0;
+  }
 
   // --- Comments (layout/commenttext.cpp) ---
   //
   // Nothing happens to other tokens. The token's indent counts as the comment's column; `width` is
   // the count of columns of a line; `chars` are the characters that frame a block comment when the
-  // last two of a comment are the same.
+  // last two of a comment are the same. New texts are taken from the arena.
 
   /** Draws a comment that ends in a pair of frame characters out to the last column, or tidies the
       pair away; `frame` is 1 where the pair is to stand at the margin behind blanks too. */
-  void alignComment(int width, std::string_view chars, int frame);
-  /** Cuts an over-long comment at a blank. True if it did; `rest` is then the text for the next
-      line. */
-  [[nodiscard]] bool stripComment(int width, std::string_view chars, DynString& rest);
+  void alignComment(int width, std::string_view chars, int frame, Arena& arena);
+  /** Cuts an over-long comment at a blank. Returns the text for the next line, as a comment's own;
+      empty when the comment stays whole. */
+  [[nodiscard]] std::span<char> stripComment(int width, std::string_view chars, Arena& arena);
   /** Takes filler in front of the closing `pair` off a comment that is wider than the line. */
-  void trimmComment(int width, std::string_view pair);
+  void trimmComment(int width, std::string_view pair, Arena& arena);
 
  private:
-  const DynString& chosen(int formatted) const {
-    return hasFormatText != 0 && formatted != 0 ? formatText : text;
+  enum Format : int { UNFORMATTED = -1, LINE_END = -2, OWN_TEXT = -3 };  // else a count of blanks
+
+  /** Both texts of a token that was given a format text of another kind. */
+  struct Texts {
+    const char* source;
+    std::span<char> format;
+  };
+
+  VhdlToken(int code, int line, int level, const char* source, int size)
+      : text(source),
+        length(size),
+        typ(static_cast<std::int16_t>(code)),
+        parenLevel(level),
+        lineNo(line) {}
+  static constexpr char lineEndRoom[1 + textPadding] = "\n";
+  static constexpr std::string_view lineEnd{lineEndRoom, 1};
+
+  std::string_view ownFormatText() const {
+    if (format != OWN_TEXT) return {};
+    return {texts->format.data(), texts->format.size()};
   }
+  const char* sourceText() const { return hasTexts ? texts->source : text; }
 
+  union {
+    const char* text;  // from the source, tabs expanded; null stands for blanks
+    Texts* texts;      // with hasTexts
+  };
+  int length;                // of the source text, in bytes
+  int format = UNFORMATTED;  // what is printed instead
   std::int16_t typ;
-  std::int8_t gravity = 1;         // wrap priority; written by VhdlScanner::getNextToken
-  std::uint8_t hasFormatText = 0;  // 1 once a format text was set
-  int parenLevel;                  // depth of parentheses; 1 between the outermost pair
-  int indent = 0;                  // columns, if the token comes first on its line
-  int column = 0;                  // columns; written by the line layout
-  int lineNo;                      // source line; 0 if the formatter inserted the token
-  DynString text;                  // from the source, tabs expanded
-  DynString formatText;            // what is printed instead
+  std::int8_t gravity = 1;  // wrap priority; written by VhdlScanner::getNextToken
+  bool hasTexts = false;
+  int parenLevel;  // depth of parentheses; 1 between the outermost pair
+  int indent = 0;  // columns, if the token comes first on its line
+  int column = 0;  // columns; written by the line layout
+  int lineNo;      // source line; 0 if the formatter inserted the token
 };
+static_assert(std::is_trivially_destructible_v<VhdlToken>, "a list lets go of its tokens unseen");
 
-/** The token that a node of a token list holds. */
-[[nodiscard]] inline VhdlToken& tokenAt(const OldListRefItem* node) {
-  return *static_cast<VhdlToken*>(node->getItem());
-}
+using TokenList = OldList<VhdlToken>;
 
-/** The code of that token; -1 without a node. */
-[[nodiscard]] inline int typAt(const OldListRefItem* node) {
-  return node == nullptr ? -1 : tokenAt(node).getTyp();
+/** The code of a token; -1 without one. */
+[[nodiscard]] inline int typAt(const VhdlToken* token) {
+  return token == nullptr ? -1 : token->getTyp();
 }
 
 #endif

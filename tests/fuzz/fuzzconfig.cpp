@@ -20,7 +20,7 @@ constexpr std::string_view sample =
 
 /** Whatever stands in front, a closed quote and a key on a line of its own come through. */
 void requireKeyBehind(std::string_view text) {
-  OldList keys;
+  ConfigList keys;
   xxlex(std::string(text) + "\n'\"'\"\nINDENT 3\n", keys);
   require(shown(static_cast<QornConfigToken&>(*keys.getLast())) == "INDENTATION=3",
           "no text lasts");
@@ -47,9 +47,9 @@ void requireShownSettings(std::string_view text, const Settings& settings) {
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string_view input = viewInput(data, size);
-  OldList keys;
+  ConfigList keys;
   xxlex(input, keys);
-  OldList others;
+  ConfigList others;
   xxlex(folded(input), others);
   requireWholeLinks(keys);
   require(folded(shown(keys)) == folded(shown(others)), "letter case means nothing");

@@ -85,8 +85,8 @@ void addWords(std::string& words, std::string_view comment, std::string_view mar
 
 /** What has become of one token of the source. */
 void requireKept(const VhdlToken& token, const Lexed& source) {
-  const std::string_view text = token.viewText(1);
-  require(token.getTyp() == source.typ && token.viewText(0) == source.text, "sources stay");
+  const std::string text = textOf(token, 1);
+  require(token.getTyp() == source.typ && textOf(token, 0) == source.text, "sources stay");
   if (source.typ == T_WHITESPACE || source.typ == T_NEWLINE) {
     require(without(text, blanks).empty(), "blanks stay blank", text);
   } else if (source.typ != T_COMMENT) {
@@ -97,17 +97,17 @@ void requireKept(const VhdlToken& token, const Lexed& source) {
 void requireInserted(const VhdlToken& token) {
   const int typ = token.getTyp();
   require(typ == T_WHITESPACE || typ == T_NEWLINE || typ == T_COMMENT, "layout is inserted");
-  require(token.viewText(0).empty(), "an inserted token has no source");
-  if (typ != T_COMMENT) require(without(token.viewText(1), blanks).empty(), "with blanks alone");
+  require(token.textLength(0) == 0, "an inserted token has no source");
+  if (typ != T_COMMENT) require(without(textOf(token, 1), blanks).empty(), "with blanks alone");
 }
 
 /** The list behind the passes holds the tokens of the source in their order. */
-void requireSourceKept(OldList& list, const std::vector<Lexed>& source) {
+void requireSourceKept(TokenList& list, const std::vector<Lexed>& source) {
   std::size_t next = 0;
   std::string words;
   std::string sourceWords;
   list.getFirst();  // the sentinel
-  while (const auto* token = static_cast<const VhdlToken*>(list.getNext())) {
+  while (const auto* token = list.getNext()) {
     const bool isInserted = token->getLineNo() == 0;
     if (isInserted) {
       requireInserted(*token);
@@ -116,24 +116,24 @@ void requireSourceKept(OldList& list, const std::vector<Lexed>& source) {
       requireKept(*token, source[next++]);
     }
     if (token->getTyp() != T_COMMENT) continue;
-    addWords(words, token->viewText(1), isInserted ? "-- " : "--");
-    addWords(sourceWords, token->viewText(0), "--");
+    addWords(words, textOf(*token, 1), isInserted ? "-- " : "--");
+    addWords(sourceWords, textOf(*token, 0), "--");
   }
   require(next == source.size(), "no token is lost");
   require(words == sourceWords, "comments keep their words", words + "\n" + sourceWords);
 }
 
 /** The output shows the tokens by the switches of the pragma comments, and nothing else. */
-void requireListPrinted(OldList& list, std::string_view output) {
+void requireListPrinted(TokenList& list, std::string_view output) {
   std::string expected;
   int formatting = 1;
   int layout = 1;
   list.getFirst();
-  while (const auto* token = static_cast<const VhdlToken*>(list.getNext())) {
+  while (const auto* token = list.getNext()) {
     const int typ = token->getTyp();
     if (typ == T_FORMAT_ON || typ == T_FORMAT_OFF) formatting = typ == T_FORMAT_ON ? 1 : 0;
     if (typ == T_INDENT_ON || typ == T_INDENT_OFF) layout = typ == T_INDENT_ON ? 1 : 0;
-    expected += without(token->viewText(formatting & layout), blanks);
+    expected += without(textOf(*token, formatting & layout), blanks);
   }
   require(folded(without(output, blanks)) == folded(expected), "output is the list", output);
 }
@@ -189,7 +189,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::vector<Lexed> source = lexed(text, settings.oldTabsize);
   VhdlScanner scanner(settings);
   const std::string output = formatted(scanner, text);
-  OldList& list = ScannerProbe::tokenList(scanner);
+  TokenList& list = ScannerProbe::tokenList(scanner);
   require(list.countPushedAnchors() == 0, "every anchor saved is restored");
   requireWholeLinks(list);
   requireSourceKept(list, source);

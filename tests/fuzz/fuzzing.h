@@ -31,8 +31,9 @@ inline std::string_view viewInput(const std::uint8_t* data, std::size_t size) {
 }
 
 /** The links of a list lead through the same items forward and backward. */
-inline void requireWholeLinks(OldList& list) {
-  std::vector<const OldListItem*> items;
+template <typename Item>
+void requireWholeLinks(OldList<Item>& list) {
+  std::vector<const Item*> items;
   for (auto* item = list.getFirst(); item != nullptr; item = list.getNext()) items.push_back(item);
   for (auto* item = list.getLast(); item != nullptr; item = list.getPrev()) {
     require(!items.empty() && items.back() == item, "links are whole backward");
@@ -51,13 +52,16 @@ struct Lexed {
 
 /** The tokens of a text, T_EOF included. */
 inline std::vector<Lexed> lexed(std::string_view text, int tabSize = 4) {
-  OldList list;
-  lexInto(list, text, tabSize);
+  SourceText source;
+  source.set(text);
+  LexState state;
+  state.tabs.YYsetInTabSize(tabSize);
+  TokenList list;
+  yylex(source, state, list);
   requireWholeLinks(list);
   std::vector<Lexed> tokens;
   for (auto* item = list.getFirst(); item != nullptr; item = list.getNext()) {
-    const auto& token = static_cast<const VhdlToken&>(*item);
-    tokens.push_back({token.getTyp(), std::string(token.viewText(0))});
+    tokens.push_back({item->getTyp(), textOf(*item, 0)});
   }
   return tokens;
 }

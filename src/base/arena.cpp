@@ -1,0 +1,75 @@
+// Where the slabs come from. They double in size up to a limit, so that neither small nor large
+// inputs pay for the other. A list of millions of tokens lies in hundreds of thousands of ordinary
+// pages, and getting those one by one took five sixths of the time over 20 MB of code: large slabs
+// lie in large pages, where the system has them.
+#include "base/arena.h"
+
+#include <sys/mman.h>
+
+#include <algorithm>
+#include <new>
+
+#if defined(__SANITIZE_ADDRESS__)
+#define QORN_ARENA_IS_HEAP 1
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define QORN_ARENA_IS_HEAP 1
+#endif
+#endif
+
+namespace {
+
+constexpr std::size_t smallestSlab = std::size_t{64} << 10;
+constexpr std::size_t largestSlab = std::size_t{4} << 20;
+constexpr std::size_t largePage = std::size_t{2} << 20;
+
+// The address sanitizer is to see every block by itself, and not to see it again once it is let go.
+#ifdef QORN_ARENA_IS_HEAP
+constexpr bool hasSlabs = false;
+#else
+constexpr bool hasSlabs = true;
+#endif
+
+bool isLarge(std::size_t size) { return size >= largePage; }
+
+char* newSlab(std::size_t size) {
+  if (!isLarge(size)) return static_cast<char*>(::operator new(size));
+  void* slab = ::operator new (size, std::align_val_t{largePage});
+#ifdef MADV_HUGEPAGE
+  (void)madvise(slab, size, MADV_HUGEPAGE);  // ordinary pages will do as well
+#endif
+  return static_cast<char*>(slab);
+}
+
+void freeSlab(char* slab, std::size_t size) {
+  isLarge(size) ? ::operator delete (slab, std::align_val_t{largePage}) : ::operator delete(slab);
+}
+
+}  // namespace
+
+Arena::~Arena() { freeSlabs(); }
+
+void Arena::clear() {
+  if (!hasSlabs) freeSlabs();
+  used = 0;
+  fresh = nullptr;
+  freshEnd = nullptr;
+}
+
+void Arena::goToNextSlab(std::size_t wanted) {
+  while (used < slabs.size() && slabs[used].size < wanted) ++used;
+  if (used == slabs.size()) {
+    const std::size_t twice = slabs.empty() ? 0 : 2 * slabs.back().size;
+    const std::size_t usual = hasSlabs ? std::clamp(twice, smallestSlab, largestSlab) : 0;
+    const std::size_t size = std::max(usual, wanted);
+    slabs.push_back({newSlab(size), size});
+  }
+  const Slab& slab = slabs[used++];
+  fresh = slab.start;
+  freshEnd = slab.start + slab.size;
+}
+
+void Arena::freeSlabs() {
+  for (const Slab& slab : slabs) freeSlab(slab.start, slab.size);
+  slabs.clear();
+}

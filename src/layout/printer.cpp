@@ -1,0 +1,84 @@
+// What is printed of a token. A run of blanks is a number up to this place.
+#include "layout/printer.h"
+
+#include "base/columns.h"
+
+namespace {
+
+constexpr int shortestTabRun = 4;  // fewer blanks are never turned into tabs
+
+}  // namespace
+
+/** A pragma comment is itself printed under its new setting. */
+void Printer::obey(int pragma) {
+  if (pragma == T_FORMAT_ON || pragma == T_FORMAT_OFF) formatting = pragma == T_FORMAT_ON ? 1 : 0;
+  if (pragma == T_INDENT_ON || pragma == T_INDENT_OFF) layout = pragma == T_INDENT_ON ? 1 : 0;
+  formatted = formatting & layout;
+  setStyles();
+}
+
+void Printer::setStyles() {
+  for (int typ = 0; typ < tokenCodeCount; ++typ) {
+    styles[typ] = formatting == 1 ? settings.caseStyles.of(typ) : static_cast<int>(C_ASIS);
+  }
+}
+
+void Printer::print(const VhdlToken& token) {
+  const int typ = token.getTyp();
+  if (isPragma(typ)) obey(typ);
+  const int blanks = token.countBlanks(formatted);
+  const CaseText source{blanks < 0 ? token.viewText(formatted) : std::string_view(), styles[typ]};
+  if (settings.tabify != 0) {  // only tabs need the column
+    printTabified(typ, blanks, source);
+  } else if (blanks >= 0) {
+    output.writeRepeated(blanks, ' ');
+  } else {
+    output.write(source);
+  }
+}
+
+void Printer::printTabified(int typ, int blanks, CaseText source) {
+  if (blanks >= 0) {
+    TabifyWhitespace(column, blanks);
+    column = addColumns(column, blanks);
+    return;
+  }
+  const int length = static_cast<int>(source.text.size());
+  if (typ == T_COMMENT) {
+    Tabify(source.text);
+  } else if (typ == T_WHITESPACE && reachesTabStop(column, length)) {
+    TabifyWhitespace(column, length);  // form feeds and all
+  } else {
+    output.write(source);
+  }
+  column = typ == T_NEWLINE ? 0 : addColumns(column, length);
+}
+
+void Printer::Tabify(std::string_view text) {
+  int at = column;
+  while (!text.empty()) {
+    const std::size_t blanks = std::min(text.find_first_not_of(' '), text.size());
+    if (blanks == text.size()) return;  // blanks at the end are left out
+    TabifyWhitespace(at, static_cast<int>(blanks));
+    const std::size_t end = std::min(text.find(' ', blanks), text.size());
+    output.write({text.substr(blanks, end - blanks), C_ASIS});
+    at = addColumns(at, static_cast<int>(end));
+    text.remove_prefix(end);
+  }
+}
+
+bool Printer::reachesTabStop(int start, int count) const {
+  return count >= shortestTabRun && count >= tabDistance() - start % tabDistance();
+}
+
+void Printer::TabifyWhitespace(int start, int count) {
+  if (!reachesTabStop(start, count)) {
+    output.writeRepeated(count, ' ');
+    return;
+  }
+  const int distance = tabDistance();
+  const int toFirstStop = distance - start % distance;
+  const int rest = addColumns(start, count) % distance;
+  output.writeRepeated((count - toFirstStop - rest) / distance + 1, '\t');
+  output.writeRepeated(rest, ' ');
+}

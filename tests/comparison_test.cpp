@@ -67,6 +67,7 @@ TEST(Comparison, TakesShieldedStretchesAsTheyAre) {
 TEST(Comparison, RefusesOtherTokens) {
   expectVerdicts({
       {"a ?= b", "a ? = b", "take \"?=\" apart"},
+      {"1e-3", "1e - 3", "take \"1e-3\" apart"},
       {"12x\"F\"", "12 x\"F\"", "take \"12x\"F\"\" apart"},
       {"\\a\\\\b\\", "\\a\\ \\b\\", "take \"\\a\\\\b\\\" apart"},
       {"{a |=> b[*2]}", "{a |=> b[ * 2]}", "take \"[*\" apart"},

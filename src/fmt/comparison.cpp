@@ -48,6 +48,8 @@ class Walk {
   Comparison compare();
 
  private:
+  /** Passes what is the same at a glance. False if the next pieces have to be read. */
+  bool passSame();
   /** Closes the part up to these lines. */
   void part(Edge oldTo, Edge freshTo);
   void dropCommonLines(Stretch& stretch) const;
@@ -61,14 +63,14 @@ class Walk {
   Comparison result;
 };
 
-Edge edgeBefore(const Piece& piece, std::string_view text) {
-  return {static_cast<std::size_t>(piece.lineStart - text.data()), piece.line};
+Edge edgeAt(const char* lineStart, unsigned line, std::string_view text) {
+  return {static_cast<std::size_t>(lineStart - text.data()), line};
 }
 
 /** The line after the last one, which may lack its line end. */
 Edge edgeAfter(const Piece& last, std::string_view text) {
-  const std::size_t place = edgeBefore(last, text).place;
-  return {text.size(), place < text.size() ? last.line + 1 : last.line};
+  const bool isOpen = last.lineStart < text.data() + text.size();
+  return {text.size(), isOpen ? last.line + 1 : last.line};
 }
 
 Lines linesBetween(Edge from, Edge to) {
@@ -82,6 +84,7 @@ std::string_view textOf(const Lines& lines, std::string_view text) {
 void Walk::dropCommonLines(Stretch& stretch) const {
   Lines& old = stretch.old;
   Lines& fresh = stretch.fresh;
+  if (old.count == 1 && fresh.count == 1) return;
   while (old.size > 0 && fresh.size > 0) {
     const std::string_view line = firstLine(textOf(old, oldText));
     if (line != firstLine(textOf(fresh, freshText))) break;
@@ -105,16 +108,29 @@ void Walk::part(Edge oldTo, Edge freshTo) {
   result.changed.push_back(stretch);
 }
 
+bool Walk::passSame() {
+  if (!oldReading.isPlain() || !freshReading.isPlain()) return false;
+  oldReading.passLayout();
+  freshReading.passLayout();
+  const char* const oldLine = oldReading.startOfFreshLine();
+  const char* const freshLine = freshReading.startOfFreshLine();
+  if (oldLine != nullptr && freshLine != nullptr) {
+    part(edgeAt(oldLine, oldReading.getLine(), oldText),
+         edgeAt(freshLine, freshReading.getLine(), freshText));
+  }
+  return Reading::passSame(oldReading, freshReading);
+}
+
 Comparison Walk::compare() {
   for (;;) {
+    while (passSame()) continue;
     const Piece& old = oldReading.next();
     const Piece& fresh = freshReading.next();
     if (old.startsLine && fresh.startsLine) {
-      part(edgeBefore(old, oldText), edgeBefore(fresh, freshText));
+      part(edgeAt(old.lineStart, old.line, oldText),
+           edgeAt(fresh.lineStart, fresh.line, freshText));
     }
-    if (!isSamePiece(old, fresh)) {
-      return {explainDifference(oldReading, freshReading), {}};
-    }
+    if (!isSamePiece(old, fresh)) return {explainDifference(oldReading, freshReading), {}};
     if (old.kind != PieceKind::END) continue;
     part(edgeAfter(old, oldText), edgeAfter(fresh, freshText));
     return std::move(result);

@@ -1,8 +1,6 @@
 // The state of a reading, and which rule holds at a place.
 #include "fmt/reading.h"
 
-#include <cstring>
-
 #include "fmt/readingrules.h"
 
 namespace {
@@ -51,19 +49,20 @@ bool Reading::emit(PieceKind kind, const char* behind) {
   return true;
 }
 
-bool Reading::emitCode(PieceKind kind, const char* behind) {
-  isAfterTick = code == "'";
+void Reading::noteCode(PieceKind kind, const char* behind) {
+  isAfterTick = isTick;
+  isTick = false;
   codeKind = kind;
   code = between(at, behind);
+}
+
+bool Reading::emitCode(PieceKind kind, const char* behind) {
+  noteCode(kind, behind);
   return emit(kind, behind);
 }
 
 bool Reading::emitClosed(PieceKind kind, const char* behind) {
   return behind == nullptr ? readForeign() : emitCode(kind, behind);
-}
-
-bool Reading::isNext(std::string_view characters) const {
-  return between(at, end).starts_with(characters);
 }
 
 const char* Reading::endOfWord() const {
@@ -72,12 +71,11 @@ const char* Reading::endOfWord() const {
   return here;
 }
 
-/** Without the blanks at its end. */
-const char* Reading::endOfLine() const {
-  const void* feed = std::memchr(at, '\n', static_cast<std::size_t>(end - at));
-  const char* here = feed == nullptr ? end : static_cast<const char*>(feed);
-  while (here > at && classOf(here[-1]) == CharacterClass::BLANK) --here;
-  return here;
+std::string_view Reading::restOfLine() const {
+  std::string_view text = rest();
+  text = text.substr(0, text.find('\n'));
+  while (!text.empty() && classOf(text.back()) == CharacterClass::BLANK) text.remove_suffix(1);
+  return text;
 }
 
 // --- Layout ---
@@ -151,10 +149,10 @@ bool Reading::readWord() {
 
 bool Reading::readSpecial() {
   switch (*at) {
-    case '-': return isNext("--") ? readComment() : readDelimiter();
+    case '-': return rest().starts_with("--") ? readComment() : readDelimiter();
     case '/':
-      if (isNext("//")) return readForeign();  // a comment where it is one
-      return isNext(blockOpening) ? readBlockWord() : readDelimiter();
+      if (rest().starts_with("//")) return readForeign();  // a comment where it is one
+      return rest().starts_with(blockOpening) ? readBlockWord() : readDelimiter();
     case '\'': return readTick();
     case '`': return readDirective();
     case '\\': return emitClosed(PieceKind::EXTENDED, endOfQuoted(at, end));
@@ -163,7 +161,7 @@ bool Reading::readSpecial() {
 }
 
 bool Reading::readDelimiter() {
-  const char* const behind = endOfDelimiter(at, end);
+  const char* const behind = at + lengthOfDelimiter(rest());
   const bool isBar = behind == at + 1 && (*at == '|' || (*at == '!' && isBetweenChoices()));
   return emitCode(isBar ? PieceKind::BAR : PieceKind::DELIMITER, behind);
 }
@@ -177,17 +175,19 @@ bool Reading::isBetweenChoices() const {
   return isWordCharacter(*next) || choiceMarks.find(*next) != std::string_view::npos;
 }
 
-bool Reading::readForeign() { return emit(PieceKind::FOREIGN, endOfLine()); }
+bool Reading::readForeign() { return emit(PieceKind::FOREIGN, at + restOfLine().size()); }
 
 /** `t'('a')` has a tick and a character, `('(', ')')` two characters. */
 bool Reading::readTick() {
   const char* const behind = endOfCharacter(at, end);
-  if (behind == nullptr || isTickAfterOperand()) return emitCode(PieceKind::DELIMITER, at + 1);
-  return emitCode(PieceKind::CHARACTER, behind);
+  if (behind != nullptr && !isTickAfterOperand()) return emitCode(PieceKind::CHARACTER, behind);
+  emitCode(PieceKind::DELIMITER, at + 1);
+  isTick = true;
+  return true;
 }
 
 bool Reading::isTickAfterOperand() const {
-  if (!isNext("'('") || endOfCharacter(at + 2, end) == nullptr) return false;
+  if (!rest().starts_with("'('") || endOfCharacter(at + 2, end) == nullptr) return false;
   switch (codeKind) {
     case PieceKind::WORD: return isAfterTick || !isBeforeOperand(code);
     case PieceKind::DELIMITER: return code == ")" || code == "]" || code == ">>";
@@ -202,7 +202,7 @@ bool Reading::isTickAfterOperand() const {
 bool Reading::readComment() {
   static constexpr std::string_view pragmas[] = {"--QORN-ON", "--QORN-OFF", "--QORN-INDENT-ON",
                                                  "--QORN-INDENT-OFF"};
-  const std::string_view comment = between(at, endOfLine());
+  const std::string_view comment = restOfLine();
   for (const std::string_view pragma : pragmas) {
     if (!startsWithWord(comment, pragma)) continue;
     obeyPragma(comment);
@@ -246,7 +246,7 @@ bool Reading::readBlockWord() {
 bool Reading::readDirective() {
   const char* behind = at + 1;
   while (behind < end && isWordCharacter(*behind)) ++behind;
-  const std::string_view directive = between(at, endOfLine());
+  const std::string_view directive = restOfLine();
   mode = CODE;
   if (startsWithWord(directive, "`PROTECT")) {  // its arguments may be cut off from their keys
     isBeforeEncrypted = directive.find("begin_protected") != std::string_view::npos;
@@ -257,7 +257,7 @@ bool Reading::readDirective() {
 }
 
 bool Reading::readEncryptedLine() {
-  if (*at == '`' && startsWithWord(between(at, end), "`PROTECT END_PROTECTED")) {
+  if (*at == '`' && startsWithWord(rest(), "`PROTECT END_PROTECTED")) {
     return readDirective();
   }
   return readForeign();

@@ -82,13 +82,12 @@ bool isStrongWord(std::string_view word) { return isAmong(word, strongWords); }
 
 bool isBeforeOperand(std::string_view word) { return isAmong(word, wordsBeforeOperand); }
 
-const char* endOfDelimiter(const char* at, const char* end) {
-  const std::string_view text(at, static_cast<std::size_t>(end - at));
-  const auto character = static_cast<unsigned char>(*at);
+std::size_t lengthOfDelimiter(std::string_view text) {
+  const auto character = static_cast<unsigned char>(text[0]);
   for (std::size_t i = firstCompounds[character]; i < firstCompounds[character + 1U]; ++i) {
-    if (text.starts_with(compounds[i])) return at + compounds[i].size();
+    if (text.starts_with(compounds[i])) return compounds[i].size();
   }
-  return at + 1;
+  return 1;
 }
 
 const char* endOfNumber(const char* at, const char* end) {

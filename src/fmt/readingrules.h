@@ -31,10 +31,10 @@ constexpr auto characterClasses = [] {
   return table;
 }();
 
-[[nodiscard]] inline CharacterClass classOf(char character) {
+[[nodiscard]] constexpr CharacterClass classOf(char character) {
   return characterClasses[static_cast<unsigned char>(character)];
 }
-[[nodiscard]] inline bool isWordCharacter(char character) {
+[[nodiscard]] constexpr bool isWordCharacter(char character) {
   return classOf(character) == CharacterClass::LETTER ||
          classOf(character) == CharacterClass::DIGIT;
 }
@@ -46,9 +46,11 @@ constexpr auto characterClasses = [] {
 /** A reserved word that an operand follows, so that a tick after it begins a character. */
 [[nodiscard]] bool isBeforeOperand(std::string_view word);
 
+/** Of a single or a compound one; the text begins with it. */
+[[nodiscard]] std::size_t lengthOfDelimiter(std::string_view text);
+
 // Each is the end of what begins at `at`. Where a null pointer can come out, nothing of the kind
 // begins there, or it doesn't end on its line.
-[[nodiscard]] const char* endOfDelimiter(const char* at, const char* end);
 [[nodiscard]] const char* endOfNumber(const char* at, const char* end);
 /** Null without a quote. Its length, if it has one, stands in front. */
 [[nodiscard]] const char* endOfBitString(const char* base, const char* end);

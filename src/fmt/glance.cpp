@@ -1,0 +1,145 @@
+// Two readings that pass what is the same without a piece for each. What is not told at a glance is
+// left to next(); nothing may be passed here that it would read differently.
+#include <algorithm>
+#include <cstring>
+
+#include "base/ascii.h"
+#include "fmt/reading.h"
+#include "fmt/readingrules.h"
+
+namespace {
+
+/** By character: its upper case in a word, 0 elsewhere. */
+constexpr auto wordLetters = [] {
+  std::array<char, 256> table{};
+  for (std::size_t i = 0; i < table.size(); ++i) {
+    const auto character = static_cast<char>(i);
+    if (isWordCharacter(character)) table[i] = asciiUpper(character);
+  }
+  return table;
+}();
+
+char wordLetter(char character) { return wordLetters[static_cast<unsigned char>(character)]; }
+
+/** A word goes on with these as a bit string or as one of PSL. */
+bool isPartOfWord(char character) {
+  return character == '"' || character == '%' || character == '!';
+}
+
+/** A number may go on with these. */
+bool isPartOfNumber(char character) {
+  return std::string_view(".#:+-").find(character) != std::string_view::npos;
+}
+
+/** Length of the letters and digits that both texts begin with; 0 unless both have more behind. */
+std::size_t lengthOfSameLetters(std::string_view old, std::string_view fresh) {
+  const std::size_t limit = std::min(old.size(), fresh.size());
+  for (std::size_t i = 0; i < limit; ++i) {
+    const char letter = wordLetter(old[i]);
+    if (letter != wordLetter(fresh[i])) return 0;
+    if (letter == 0) return i;
+  }
+  return 0;
+}
+
+// Each is the length of the piece that both texts begin with. 0 where it takes more to tell.
+
+std::size_t lengthOfSameWord(std::string_view old, std::string_view fresh) {
+  const std::size_t length = lengthOfSameLetters(old, fresh);
+  return isPartOfWord(old[length]) || isPartOfWord(fresh[length]) ? 0 : length;
+}
+
+std::size_t lengthOfSameNumber(std::string_view old, std::string_view fresh) {
+  const std::size_t length = lengthOfSameLetters(old, fresh);
+  return isPartOfNumber(old[length]) || isPartOfNumber(fresh[length]) ? 0 : length;
+}
+
+std::size_t lengthOfSameDelimiter(std::string_view old, std::string_view fresh) {
+  if (old[0] != fresh[0] || old[0] == '!') return 0;
+  const std::size_t length = lengthOfDelimiter(old);
+  return length == lengthOfDelimiter(fresh) && fresh.starts_with(old.substr(0, length)) ? length
+                                                                                        : 0;
+}
+
+}  // namespace
+
+void Reading::pass(std::size_t length) {
+  at += length;
+  isLineStart = false;
+}
+
+void Reading::passSpaces() {
+  constexpr std::string_view eight = "        ";
+  if (at == end || classOf(*at) != CharacterClass::BLANK) return;
+  ++at;
+  while (end - at >= 8 && std::memcmp(at, eight.data(), eight.size()) == 0) at += eight.size();
+  while (at < end && classOf(*at) == CharacterClass::BLANK) ++at;
+}
+
+void Reading::passLayout() {
+  for (;;) {
+    passSpaces();
+    if (at == end || *at != '\n') return;
+    mode = CODE;
+    startLine();
+  }
+}
+
+bool Reading::passSame(Reading& old, Reading& fresh) {
+  if (!passSamePiece(old, fresh)) return false;
+  do {
+    old.passSpaces();
+    fresh.passSpaces();
+  } while (passSamePiece(old, fresh));
+  return true;
+}
+
+bool Reading::passSamePiece(Reading& old, Reading& fresh) {
+  if (old.mode != fresh.mode) return false;
+  if (old.mode == COMMENT) return passSameComment(old, fresh);
+  const std::string_view oldRest = old.rest();
+  const std::string_view freshRest = fresh.rest();
+  if (oldRest.empty() || freshRest.empty()) return false;
+  switch (classOf(oldRest[0])) {
+    case CharacterClass::LETTER:
+      return passCode(old, fresh, PieceKind::WORD, lengthOfSameWord(oldRest, freshRest));
+    case CharacterClass::DIGIT:
+      return passCode(old, fresh, PieceKind::NUMBER, lengthOfSameNumber(oldRest, freshRest));
+    case CharacterClass::DELIMITER:
+      return passCode(old, fresh, PieceKind::DELIMITER, lengthOfSameDelimiter(oldRest, freshRest));
+    case CharacterClass::SPECIAL: return passCommentMark(old, fresh);
+    default: return false;
+  }
+}
+
+bool Reading::passCode(Reading& old, Reading& fresh, PieceKind kind, std::size_t length) {
+  if (length == 0) return false;
+  for (Reading* reading : {&old, &fresh}) {
+    reading->noteCode(kind, reading->at + length);
+    reading->pass(length);
+  }
+  return true;
+}
+
+bool Reading::passCommentMark(Reading& old, Reading& fresh) {
+  if (!old.isAtPlainComment() || !fresh.isAtPlainComment()) return false;
+  for (Reading* reading : {&old, &fresh}) {
+    reading->at += 2;
+    reading->mode = COMMENT;
+  }
+  return true;
+}
+
+/** Pragma comments begin with another letter. */
+bool Reading::isAtPlainComment() const {
+  return rest().starts_with("--") && !startsWithWord(rest(), "--Q");
+}
+
+/** The rest of a comment. */
+bool Reading::passSameComment(Reading& old, Reading& fresh) {
+  const std::string_view comment = old.restOfLine();
+  if (comment.empty() || comment != fresh.restOfLine()) return false;
+  old.pass(comment.size());
+  fresh.pass(comment.size());
+  return true;
+}

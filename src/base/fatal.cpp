@@ -1,12 +1,26 @@
 // Fatal errors. Nothing here allocates: memory may be what is missing.
 #include "base/fatal.h"
 
+#include <atomic>
 #include <cstdio>
 
 #include "base/exitstatus.h"
 
+namespace {
+
+const char* beginning = "Error! qorn: ";
+void (*ending)(int status) = nullptr;
+std::atomic<bool> isFatal = false;
+
+}  // namespace
+
+void callFaults(const char* begin, void (*end)(int status)) {
+  beginning = begin;
+  ending = end;
+}
+
 void reportFault(const char* message, const char* reason) {
-  std::fputs("Error! qorn: ", stderr);  // unbuffered, as every standard error stream
+  std::fputs(beginning, stderr);  // unbuffered, as every standard error stream
   std::fputs(message, stderr);
   if (reason != nullptr) {
     std::fputs(": ", stderr);
@@ -16,7 +30,8 @@ void reportFault(const char* message, const char* reason) {
 }
 
 void fatalError(const char* message, const char* reason) {
-  reportFault(message, reason);
+  if (!isFatal.exchange(true)) reportFault(message, reason);
+  if (ending != nullptr) ending(STATUS_FATAL);
   endRun(STATUS_FATAL);
 }
 

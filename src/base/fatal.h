@@ -10,6 +10,10 @@
 /** The same line for a fault that the run outlives. */
 void reportFault(const char* message, const char* reason = nullptr);
 
+/** Has these lines begin otherwise, and fatal errors end the run by this function, which does not
+    return. Where several threads meet a fatal error, the first one is reported. */
+void callFaults(const char* begin, void (*end)(int status));
+
 /** The handler to give to std::set_new_handler: no memory is a fatal error. */
 [[noreturn]] void outOfMemory();
 

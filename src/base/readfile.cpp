@@ -1,0 +1,49 @@
+// What is opened may turn out to be a pipe, and must not block then.
+#include "base/readfile.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+
+namespace {
+
+constexpr std::size_t smallestBlock = 4096;
+
+/** A first block of the expected size, and one byte more to meet the end. */
+std::string readBlocks(int descriptor, std::size_t expected, std::string& text) {
+  text.resize(std::max(expected + 1, smallestBlock));
+  std::size_t size = 0;
+  for (;;) {
+    const ssize_t count = read(descriptor, text.data() + size, text.size() - size);
+    if (count < 0 && errno == EINTR) continue;
+    if (count < 0) return std::strerror(errno);
+    if (count == 0) break;
+    size += static_cast<std::size_t>(count);
+    if (size == text.size()) text.resize(2 * size);
+  }
+  text.resize(size);
+  return {};
+}
+
+std::string readOpened(int descriptor, std::string& text, FileState& state) {
+  state = stateOf(descriptor);
+  if (state.kind == NO_FILE) return std::strerror(state.error);
+  if (state.kind == FOLDER) return std::strerror(EISDIR);
+  if (state.kind != REGULAR_FILE) return "not a regular file";
+  return readBlocks(descriptor, static_cast<std::size_t>(state.size), text);
+}
+
+}  // namespace
+
+std::string readFile(const char* path, std::string& text, FileState& state) {
+  const int descriptor = open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+  if (descriptor < 0) return std::strerror(errno);
+  std::string reason = readOpened(descriptor, text, state);
+  (void)closeFile(descriptor);
+  return reason;
+}
+
+std::string readToEnd(int descriptor, std::string& text) { return readBlocks(descriptor, 0, text); }

@@ -1,0 +1,18 @@
+// The library reports a missing thread by an exception, and this is the only file that meets one.
+#include "base/threads.h"
+
+#include <system_error>
+
+#include "base/unbroken.h"
+
+bool startThread(std::thread& thread, void (*body)(void*), void* argument) {
+  try {
+    thread = std::thread([body, argument] {
+      leaveSignalsToOthers();
+      body(argument);
+    });
+  } catch (const std::system_error&) {
+    return false;
+  }
+  return true;
+}

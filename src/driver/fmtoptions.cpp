@@ -1,0 +1,158 @@
+// Options by getopt_long; what may stand together is a table.
+#include "driver/fmtoptions.h"
+
+#include <getopt.h>
+
+#include <algorithm>
+#include <charconv>
+#include <cstdio>
+#include <optional>
+#include <string_view>
+
+const char* const fmtUsage =
+    "usage: qornfmt [OPTION...] [PATH...]\n"
+    "\n"
+    "Formats VHDL: files in place, folders with all *.vhd, *.vhdl and *.vht in them, or\n"
+    "standard input, which is what \"-\" names, to standard output. Every result is compared\n"
+    "with its source before it is written: only blanks, line ends, letter case and the\n"
+    "layout of comments may differ.\n"
+    "\n"
+    "      --check               change nothing, list what would change\n"
+    "      --diff                change nothing, print what would change, for patch -p1\n"
+    "      --lines A:B           only these lines, from 1 on, of one file; may be repeated\n"
+    "      --staged              what is staged for git's next commit: its changed lines\n"
+    "      --changed[=REV]       lines changed since a commit (HEAD), and files unknown to git\n"
+    "      --stdin-filename NAME what standard input is called, for settings and messages\n"
+    "  -c, --config FILE         settings from this file alone; else from $QORNRC, or from the\n"
+    "                            nearest .qornrc in the folder of a file or above\n"
+    "      --settings [PATH]     print the settings that apply there, and what has no effect\n"
+    "  -j, --jobs N              threads; else one a core\n"
+    "  -q, --quiet               print no summaries and no warnings\n"
+    "      --force               format files with any ending\n"
+    "  -h, --help                print this text\n"
+    "      --version             print the version\n"
+    "\n"
+    "Status: 0 nothing to do, or done; 1 --check or --diff found changes; 2 trouble.\n";
+
+namespace {
+
+enum Option : int {
+  OPTION_CHECK = 256,
+  OPTION_DIFF,
+  OPTION_LINES,
+  OPTION_STAGED,
+  OPTION_CHANGED,
+  OPTION_INPUT_NAME,
+  OPTION_SETTINGS,
+  OPTION_FORCE,
+  OPTION_VERSION
+};
+
+// clang-format off
+constexpr option longOptions[] = {
+    {"check",          no_argument,       nullptr, OPTION_CHECK},
+    {"diff",           no_argument,       nullptr, OPTION_DIFF},
+    {"lines",          required_argument, nullptr, OPTION_LINES},
+    {"staged",         no_argument,       nullptr, OPTION_STAGED},
+    {"changed",        optional_argument, nullptr, OPTION_CHANGED},
+    {"stdin-filename", required_argument, nullptr, OPTION_INPUT_NAME},
+    {"config",         required_argument, nullptr, 'c'},
+    {"settings",       no_argument,       nullptr, OPTION_SETTINGS},
+    {"jobs",           required_argument, nullptr, 'j'},
+    {"quiet",          no_argument,       nullptr, 'q'},
+    {"force",          no_argument,       nullptr, OPTION_FORCE},
+    {"help",           no_argument,       nullptr, 'h'},
+    {"version",        no_argument,       nullptr, OPTION_VERSION},
+    {nullptr,          0,                 nullptr, 0},
+};
+// clang-format on
+
+/** The number, if the whole text is one and it is at least 1. */
+std::optional<int> positiveNumber(std::string_view text) {
+  int number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (error != std::errc() || end != text.data() + text.size() || number < 1) return {};
+  return number;
+}
+
+std::string readJobs(std::string_view text, unsigned& threads) {
+  constexpr int mostThreads = 1024;
+  const std::optional<int> number = positiveNumber(text);
+  if (!number || *number > mostThreads) {
+    return "-j wants a number from 1 to 1024, not \"" + std::string(text) + '"';
+  }
+  threads = static_cast<unsigned>(*number);
+  return {};
+}
+
+std::string readOption(int letter, FmtOptions& options) {
+  const std::string value = optarg == nullptr ? "" : optarg;
+  switch (letter) {
+    case OPTION_CHECK: options.isCheck = true; return {};
+    case OPTION_DIFF: options.isDiff = true; return {};
+    case OPTION_LINES:
+      return options.lines.addParsed(value) ? ""
+                                            : "--lines wants FIRST:LAST, counted from 1: " + value;
+    case OPTION_STAGED: options.isStaged = true; return {};
+    case OPTION_CHANGED:
+      options.isChanged = true;
+      if (optarg != nullptr) options.revision = value;
+      return {};
+    case OPTION_INPUT_NAME: options.inputName = value; return {};
+    case OPTION_SETTINGS: options.isSettings = true; return {};
+    case OPTION_FORCE: options.isForced = true; return {};
+    case OPTION_VERSION: options.isVersion = true; return {};
+    case 'c': options.configFile = value; return value.empty() ? "-c wants the name of a file" : "";
+    case 'j': return readJobs(value, options.threads);
+    case 'q': options.isQuiet = true; return {};
+    default: options.isHelp = true; return {};
+  }
+}
+
+/** What means nothing together, the first that applies. */
+std::string findContradiction(const FmtOptions& options) {
+  const bool isOfGit = options.isStaged || options.isChanged;
+  const bool hasInput =
+      std::find(options.paths.begin(), options.paths.end(), "-") != options.paths.end();
+  const bool isJudging = options.isReadOnly() || isOfGit || !options.lines.isEmpty();
+  const struct {
+    bool applies;
+    const char* complaint;
+  } rows[] = {
+      {options.isStaged && options.isChanged, "--staged and --changed exclude each other"},
+      {isOfGit && !options.lines.isEmpty(),
+       "git tells the lines with --staged and --changed; leave out --lines"},
+      {isOfGit && hasInput, "--staged and --changed take files from git, not standard input"},
+      {hasInput && options.paths.size() > 1,
+       "standard input (-) can't be formatted along with files"},
+      {!options.lines.isEmpty() && options.paths.size() > 1,
+       "--lines wants one file, or standard input"},
+      {options.isSettings && isJudging, "--settings prints settings and formats nothing"},
+      {options.isSettings && options.paths.size() > 1, "--settings wants one path"},
+      {!options.inputName.empty() && !options.paths.empty() && !hasInput,
+       "--stdin-filename is for standard input alone"},
+      {options.revision.empty() || options.revision.starts_with('-'),
+       "--changed wants a commit after the \"=\""},
+  };
+  for (const auto& row : rows) {
+    if (row.applies) return row.complaint;
+  }
+  return {};
+}
+
+}  // namespace
+
+bool readFmtOptions(int argc, char** argv, FmtOptions& options) {
+  argv[0] = const_cast<char*>("qornfmt");  // the name that getopt complains under
+  std::string complaint;
+  for (;;) {
+    const int letter = getopt_long(argc, argv, "c:j:qh", longOptions, nullptr);
+    if (letter == -1) break;
+    if (letter == '?') return false;
+    if (complaint.empty()) complaint = readOption(letter, options);
+  }
+  options.paths.assign(argv + optind, argv + argc);
+  if (complaint.empty()) complaint = findContradiction(options);
+  if (!complaint.empty()) std::fprintf(stderr, "qornfmt: %s\n", complaint.c_str());
+  return complaint.empty();
+}

@@ -1,0 +1,230 @@
+// The companion that people run on files, folders and git's changes. Everything that it does to a
+// text goes through `judgeContent`; here stands where texts come from and how the run ends.
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <new>
+#include <set>
+#include <string>
+#include <thread>
+#include <utility>
+#include <vector>
+
+#include "base/fatal.h"
+#include "base/readfile.h"
+#include "base/terminal.h"
+#include "base/unbroken.h"
+#include "driver/fmtoptions.h"
+#include "fmt/formatfiles.h"
+#include "fmt/gittree.h"
+#include "fmt/judgement.h"
+#include "fmt/runreport.h"
+#include "fmt/settingsource.h"
+#include "fmt/sourcepaths.h"
+#include "fmt/staged.h"
+
+namespace {
+
+constexpr const char* namelessInput = "<standard input>";
+
+FmtStatus fail(const std::string& message) {
+  std::fprintf(stderr, "qornfmt: %s\n", message.c_str());
+  return FMT_TROUBLE;
+}
+
+/** Many at once would contend for memory, not for cores. */
+unsigned threadsFor(const FmtOptions& options) {
+  return options.threads > 0 ? options.threads : std::max(1U, std::thread::hardware_concurrency());
+}
+
+RunMode modeOf(const FmtOptions& options) {
+  return {options.isCheck, options.isDiff, options.isQuiet, threadsFor(options)};
+}
+
+// --- Standard input ---
+
+/** What a filter prints of a text: all of it, or what would change. */
+std::string filterOutput(const std::string& name, const std::string& content,
+                         const Judgement& judgement, const RunMode& mode) {
+  const bool isChanged = judgement.verdict == Judgement::CHANGED;
+  if (!mode.isReadOnly()) return isChanged ? judgement.content : content;
+  return isChanged ? outputOf(name, content, judgement, mode) : "";
+}
+
+FmtStatus formatInput(const FmtOptions& options, SettingSource& settings) {
+  const std::string name = options.inputName.empty() ? namelessInput : options.inputName;
+  std::string content;
+  const std::string reason = readToEnd(STDIN_FILENO, content);
+  if (!reason.empty()) return fail("standard input: " + reason);
+  const RunMode mode = modeOf(options);
+  const Configuration& configuration =
+      options.inputName.empty() ? settings.ofFolder(".") : settings.ofFile(options.inputName);
+  FileReport done;
+  done.settings = &configuration;
+  RunReport report(mode, 1, nullptr);
+  if (configuration.trouble.empty()) {
+    Judgement judgement = judgeContent(name, content, configuration.settings,
+                                       options.lines.isEmpty() ? nullptr : &options.lines);
+    const bool isRefused = judgement.verdict == Judgement::REFUSED;
+    if (!isRefused) done.output = filterOutput(name, content, judgement, mode);
+    if (isRefused) done.outcome = FileReport::LEFT;
+    if (judgement.verdict == Judgement::CHANGED && mode.isReadOnly()) {
+      done.outcome = FileReport::CHANGED;
+    }
+    (isRefused ? done.messages : done.notes) = std::move(judgement.messages);
+  }
+  (void)report.add(done);
+  return report.finish();
+}
+
+// --- Files ---
+
+FmtStatus formatPaths(const FmtOptions& options, SettingSource& settings) {
+  SourcePaths sources = findSources(options.paths, options.isForced);
+  if (!options.lines.isEmpty() && stateOf(options.paths[0].c_str()).kind == FOLDER) {
+    return fail("--lines wants one file, and " + options.paths[0] + " is a folder");
+  }
+  std::vector<FileTask> tasks;
+  for (std::string& file : sources.files) {
+    FileTask& task = tasks.emplace_back();
+    task.path = std::move(file);
+    if (!options.lines.isEmpty()) task.lines = options.lines;
+  }
+  const RunMode mode = modeOf(options);
+  RunReport report(mode, tasks.size(), "file");
+  for (const std::string& trouble : sources.trouble) report.addTrouble(trouble);
+  formatFiles(tasks, mode, settings, report);
+  if (tasks.empty() && sources.trouble.empty() && !options.isQuiet) {
+    std::fputs("qornfmt: there are no VHDL files\n", stderr);
+  }
+  return report.finish();
+}
+
+// --- Changes that git knows ---
+
+bool isWanted(const std::string& name, const FmtOptions& options) {
+  return options.isForced || isSourceName(name);
+}
+
+/** Takes out what is no file to format: other names, links, submodules, what is deleted or in
+    conflict. False where git fails. */
+bool takeOutOthers(GitTree& tree, const FmtOptions& options, std::vector<GitChange>& changes,
+                   std::vector<std::string>& conflicts) {
+  if (!tree.listConflicts(options.paths, conflicts)) return false;
+  std::erase_if(conflicts, [&](const std::string& name) { return !isWanted(name, options); });
+  const std::set<std::string> inConflict(conflicts.begin(), conflicts.end());
+  std::erase_if(changes, [&](const GitChange& change) {
+    return change.status == 'U' || change.status == 'D' || !change.isPlain() ||
+           !isWanted(change.name, options) || inConflict.contains(change.name);
+  });
+  return true;
+}
+
+void tellConflicts(const GitTree& tree, const std::vector<std::string>& conflicts,
+                   RunReport& report) {
+  for (const std::string& name : conflicts) {
+    report.addTrouble(tree.pathOf(name) + ": in conflict; resolve and add it first");
+  }
+}
+
+FmtStatus formatStagedChanges(const FmtOptions& options, SettingSource& settings) {
+  GitTree tree;
+  std::vector<GitChange> changes;
+  if (!tree.open() || !tree.listStaged(options.paths, changes)) return fail(tree.trouble);
+  const bool isNothingStaged = changes.empty();
+  std::vector<std::string> conflicts;
+  if (!takeOutOthers(tree, options, changes, conflicts) || !tree.readHunks(changes)) {
+    return fail(tree.trouble);
+  }
+  const RunMode mode = modeOf(options);
+  RunReport report(mode, changes.size(), "staged file");
+  tellConflicts(tree, conflicts, report);
+  if (changes.empty() && conflicts.empty() && !options.isQuiet) {
+    std::fprintf(stderr, "qornfmt: %s\n",
+                 isNothingStaged ? "nothing is staged" : "no VHDL file is staged");
+  }
+  formatStaged(tree, changes, mode, settings, report);
+  return report.finish();
+}
+
+FmtStatus formatChanged(const FmtOptions& options, SettingSource& settings) {
+  GitTree tree;
+  std::vector<GitChange> changes;
+  std::vector<std::string> unknown;
+  if (!tree.open() || !tree.listChanged(options.revision, options.paths, changes)) {
+    return fail(tree.trouble);
+  }
+  std::vector<std::string> conflicts;
+  if (!takeOutOthers(tree, options, changes, conflicts) || !tree.readHunks(changes) ||
+      !tree.listUnknown(options.paths, unknown)) {
+    return fail(tree.trouble);
+  }
+  std::vector<FileTask> tasks;
+  for (const GitChange& change : changes) {
+    FileTask& task = tasks.emplace_back();
+    task.path = tree.pathOf(change.name);
+    if (change.status == 'M') task.lines = change.newLines();
+  }
+  for (const std::string& name : unknown) {
+    if (isWanted(name, options)) tasks.push_back({tree.pathOf(name), {}});
+  }
+  const RunMode mode = modeOf(options);
+  RunReport report(mode, tasks.size(), "changed file");
+  tellConflicts(tree, conflicts, report);
+  formatFiles(tasks, mode, settings, report);
+  return report.finish();
+}
+
+// --- The run ---
+
+/** Shows the settings for a path, the current folder without one. */
+FmtStatus showSettings(const FmtOptions& options, SettingSource& settings) {
+  const std::string path = options.paths.empty() ? "." : options.paths[0];
+  const bool isFolder = stateOf(path.c_str()).kind == FOLDER;
+  const Configuration& configuration = isFolder ? settings.ofFolder(path) : settings.ofFile(path);
+  const SettingsReport shown = reportSettings(configuration);
+  const bool isPrinted = printOutput(shown.text);
+  for (const std::string& line : shown.complaints) std::fprintf(stderr, "%s\n", line.c_str());
+  if (!isPrinted || !configuration.trouble.empty()) return FMT_TROUBLE;
+  return shown.complaints.empty() ? FMT_DONE : FMT_CHANGES;
+}
+
+FmtStatus format(FmtOptions& options) {
+  SettingSource settings(options.configFile);
+  if (options.isSettings) return showSettings(options, settings);
+  if (options.isStaged) return formatStagedChanges(options, settings);
+  if (options.isChanged) return formatChanged(options, settings);
+  if (options.paths.empty()) {
+    const InputKind input = standardInputKind();
+    if (input == InputKind::terminal) std::fputs(fmtUsage, stderr);
+    if (input == InputKind::nothing) {
+      return fail("nothing to format: name files or folders, or - for standard input");
+    }
+    if (input == InputKind::terminal) return FMT_TROUBLE;
+    options.paths.emplace_back("-");
+  }
+  return options.isFilter() ? formatInput(options, settings) : formatPaths(options, settings);
+}
+
+FmtStatus run(int argc, char** argv) {
+  FmtOptions options;
+  if (!readFmtOptions(argc, argv, options)) {
+    std::fputs("qornfmt --help lists the options\n", stderr);
+    return FMT_TROUBLE;
+  }
+  if (options.isHelp || options.isVersion) {
+    const bool isPrinted = printOutput(options.isHelp ? fmtUsage : "qornfmt version: 2.5\n");
+    return isPrinted ? FMT_DONE : FMT_TROUBLE;
+  }
+  return format(options);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  callFaults("qornfmt: ", endRunWhole);
+  std::set_new_handler(outOfMemory);
+  endOnSignals();
+  endRunWhole(run(argc, argv));
+}

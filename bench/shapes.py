@@ -234,7 +234,7 @@ HOSTILE = (
     ("for ", ""), ("for a : b ", ""), ("while ", ""), ("loop ", ""), ("loop end loop;\n", ""), ("if ", ""), ("elsif ", ""), ("else ", ""), ("if a then ", "INDENTATION 0"),
     ("case ", ""), ("case a is when b => ", "INDENTATION 0"), ("when ", ""), ("when a => ", "INDENTATION 0"), ("wait ", ""), ("assert ", ""), ("report ", ""), ("with ", ""), ("with a select ", ""),
     ("component ", ""), ("entity ", ""), ("architecture a of b is ", ""), ("package body ", ""), ("configuration ", ""),
-    ("pure function ", ""), ("is ", ""), ("a : block ", ""), ("a : b\n", ""), ("a : process\n", ""),
+    ("pure function ", ""), ("is ", ""), ("is\n'left constant\n ", "IDENTLENGTH 1000000 INDENTATION 0"), ("<< signal a.b : c >> ", "IDENTLENGTH 1000000 INDENTATION 0"), ("a : block ", ""), ("a : b\n", ""), ("a : process\n", ""),
 )  # fmt: skip
 
 # White space and quotes in front of one thing that makes each rule look far ahead.

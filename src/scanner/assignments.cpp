@@ -8,29 +8,15 @@ namespace {
 
 constexpr int assignmentWidth = 3;  // the two characters of the token and a blank
 
-/** What a token adds to the length of a target. */
-int targetWidth(const VhdlToken& token) {
-  const int typ = token.getTyp();
-  if (isSpacing(typ) || isClassWord(typ)) return 0;
-  if (typ == T_COLON || typ == T_COMMA) return 2;
-  const int length = token.textLength(1);
-  return typ == T_DOWNTO || typ == T_TO ? length + 2 : length;
-}
-
-bool endsTarget(const VhdlToken& token) {
-  return token.getTyp() == T_SEMICOLON || isLineEnd(token, 1);
-}
-
 }  // namespace
 
 int VhdlScanner::prevTargetLength() {
-  const AnchorGuard guard(tokenList);
-  int length = 0;
-  const VhdlToken* token = stepBack();
-  for (; token != nullptr && !endsTarget(*token); token = stepBack()) {
-    length = addColumns(length, targetWidth(*token));
-    if (length >= settings.identLength) return 0;
-  }
+  const int length = ruler.readTarget(*anchorToken(), settings.identLength);
+  return length >= settings.identLength ? 0 : length;
+}
+
+int VhdlScanner::targetLengthAhead(const VhdlToken& token) const {
+  const int length = LineRuler::measureTarget(token, settings.identLength);
   return length >= settings.identLength ? 0 : length;
 }
 
@@ -51,7 +37,7 @@ int VhdlScanner::determineTargetLength(int typ, int orTyp) {
       isAssigned = false;
     } else if ((next == typ || next == orTyp) && !isAssigned) {
       if (token->getLineNo() != semicolonLine + 1) break;
-      const int length = prevTargetLength();
+      const int length = targetLengthAhead(*token);
       if (length > targetLength && length <= settings.identLength) targetLength = length;
       targetEndLine = token->getLineNo();
       isAssigned = true;

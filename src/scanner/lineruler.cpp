@@ -24,6 +24,19 @@ VhdlToken* skipBlanks(VhdlToken* node) {
   return {skipBlanks(start), column};
 }
 
+/** What a token adds to the length of a target. */
+int widthInTarget(const VhdlToken& token) {
+  const int typ = token.getTyp();
+  if (isSpacing(typ) || isClassWord(typ)) return 0;
+  if (typ == T_COLON || typ == T_COMMA) return 2;
+  const int length = token.textLength(1);
+  return typ == T_DOWNTO || typ == T_TO ? length + 2 : length;
+}
+
+bool endsTarget(const VhdlToken* token) {
+  return token == nullptr || token->getTyp() == T_SEMICOLON || isLineEnd(*token, 1);
+}
+
 }  // namespace
 
 int countTabColumns(const VhdlToken& token, int formatted, int tabWidth) {
@@ -91,4 +104,30 @@ int LineRuler::readSource(const VhdlToken* place, int tabWidth) {
   sourceMark = place;
   sourceColumn = heldInRange(column);
   return sourceColumn;
+}
+
+int LineRuler::measureTarget(const VhdlToken& place, int limit) {
+  int length = 0;
+  const VhdlToken* token = place.getPrev();
+  for (; !endsTarget(token) && length < limit; token = token->getPrev()) {
+    length = addColumns(length, widthInTarget(*token));
+  }
+  return length;
+}
+
+int LineRuler::readTarget(const VhdlToken& place, int limit) {
+  int length = 0;
+  const VhdlToken* newMark = nullptr;
+  const VhdlToken* token = place.getPrev();
+  for (; !endsTarget(token) && token != targetMark && length < limit; token = token->getPrev()) {
+    if (newMark == nullptr && !isSpacing(token->getTyp())) newMark = token;
+    length = addColumns(length, widthInTarget(*token));
+  }
+  if (token == targetMark && token != nullptr) length = addColumns(length, targetWidth);
+  if (newMark != nullptr) {
+    targetMark = newMark;
+    targetWidth = length;
+  }
+  assert(std::min(length, limit) == std::min(measureTarget(place, limit), limit));
+  return length;
 }

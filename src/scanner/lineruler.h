@@ -35,16 +35,26 @@ class LineRuler {
   /** The columns before `place` on its line of the source. */
   [[nodiscard]] int readSource(const VhdlToken* place, int tabWidth);
 
+  /** The length of the assignment's or declaration's target before `place`: what stands between it
+      and the last semicolon or printed line end, blanks and class words aside. One of at least
+      `limit` columns may be measured short, but not below the limit. */
+  [[nodiscard]] int readTarget(const VhdlToken& place, int limit);
+  /** The same of a place ahead of the pass, where line ends may still change. */
+  [[nodiscard]] static int measureTarget(const VhdlToken& place, int limit);
+
   /** The blank before a line's first token has become wider by that many columns. */
   void indented(const VhdlToken* token, int columns) {
     if (token == first) width = addColumns(width, columns);  // else no marked line is meant
   }
 
   /** Forgets the output line: its marked stretch may change. */
-  void forget() { mark = nullptr; }
+  void forget() {
+    mark = nullptr;
+    targetMark = nullptr;
+  }
   /** Forgets all nodes, as when the list goes. */
   void reset() {
-    mark = nullptr;
+    forget();
     sourceMark = nullptr;
   }
 
@@ -54,6 +64,8 @@ class LineRuler {
   int width = 0;                          // columns
   const VhdlToken* sourceMark = nullptr;  // source texts never change
   int sourceColumn = 0;                   // columns before it on its source line
+  const VhdlToken* targetMark = nullptr;  // held to the invariant as well
+  int targetWidth = 0;                    // columns of the target up to and including it
 };
 
 /** Columns that the tabs of a token's text take beyond one each, if a tab counts `tabWidth`. */

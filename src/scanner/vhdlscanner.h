@@ -297,6 +297,8 @@ class VhdlScanner {
   void startElement(int level);
   /** Width of what stands before the anchor in its statement or line; 0 from identLength on. */
   int prevTargetLength();
+  /** The same of a token ahead. */
+  int targetLengthAhead(const VhdlToken& token) const;
   /** The longest target of the run of statements that starts with the anchor's. */
   int determineTargetLength(int typ, int orTyp);
   /** Moves the anchor before the next semicolon ahead. False if there is none. */

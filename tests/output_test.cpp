@@ -31,7 +31,7 @@ TEST(OutputTest, TurnsBlanksIntoTabs) {
       {"strings and pragmas stay", "4", "\"        \" --QORN-OFF     x ",
        "\"        \" --QORN-OFF     x "},
       {"size 1", "1", "a    b", "a\t\t\t\tb"},
-      {"size 0 acts as 1", "0", "a    b", "a\t\t\t\tb"},
+      {"size 0 has no stops", "0", "a    b", "a    b"},
       {"distance beyond any line", "2147483647", "a            b", "a            b"},
   };
   for (const auto& row : cases) {

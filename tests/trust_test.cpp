@@ -65,6 +65,20 @@ TEST(TrustTest, TouchesNothingWhenMemoryRunsOut) {
   EXPECT_TRUE(folder.read("a.vhd.bak") == source);
 }
 
+TEST(TrustTest, NeedsMemoryForWhatItPrintsAlone) {
+#ifdef QORN_HAS_ADDRESS_SANITIZER
+  GTEST_SKIP() << "the sanitizer needs all the memory there is";
+#endif
+  expectRuns({
+      {"blanks that another line end makes vanish",
+       "yes ': [\nshared constant '\\''left component' | head -1000 >b; echo >>b; ulimit -v 12000; "
+       "qorn <b | wc -c",
+       0, "17526\n", ""},
+      {"a far tab stop", "ulimit -v 12000; printf -- '--\ta' | qorn -t 99999999999 | wc -c", 0,
+       "1038\n", ""},
+  });
+}
+
 // --- Runs that are ended ---
 
 /** Starts the program over these files; over a.vhd as a filter, where an output is given. */

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <utility>
 
 #include "confignames.h"
 #include "scannerprobe.h"
@@ -34,6 +35,14 @@ TEST(VhdlTokenTest, PrintsItsFormatTextOnceOneWasSet) {
       EXPECT_EQ(token.textLength(1), static_cast<int>(textOf(token, 1).size()));
       EXPECT_EQ(textOf(token, 0), "raw");
     }
+  }
+}
+
+TEST(VhdlTokenTest, HoldsTheNearestGravity) {
+  for (const auto& [given, held] : {std::pair(255, 127), std::pair(-200, -128)}) {
+    VhdlToken token(T_COMMA, 0);
+    token.setGravity(given);
+    EXPECT_EQ(token.getGravity(), held);
   }
 }
 

@@ -68,7 +68,8 @@ void Printer::Tabify(std::string_view text) {
 }
 
 bool Printer::reachesTabStop(int start, int count) const {
-  return count >= shortestTabRun && count >= tabDistance() - start % tabDistance();
+  const int distance = settings.tabSize;  // without one there are no stops
+  return distance > 0 && count >= shortestTabRun && count >= distance - start % distance;
 }
 
 void Printer::TabifyWhitespace(int start, int count) {
@@ -76,7 +77,7 @@ void Printer::TabifyWhitespace(int start, int count) {
     output.writeRepeated(count, ' ');
     return;
   }
-  const int distance = tabDistance();
+  const int distance = settings.tabSize;
   const int toFirstStop = distance - start % distance;
   const int rest = addColumns(start, count) % distance;
   output.writeRepeated((count - toFirstStop - rest) / distance + 1, '\t');

@@ -82,7 +82,6 @@ class Printer {
   void printTabified(int typ, int blanks, CaseText source);
   void Tabify(std::string_view text);
   void TabifyWhitespace(int start, int count);
-  int tabDistance() const { return std::max(settings.tabSize, 1); }
   /** Is a run of that many blanks from `start` on one that becomes tabs? */
   bool reachesTabStop(int start, int count) const;
 

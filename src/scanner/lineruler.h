@@ -25,6 +25,9 @@ class LineRuler {
     int column;        // columns before the place, counted from 0
   };
 
+  // The readings are right as long as the places go forward, as the pass does, or `forget` was
+  // called before one went back.
+
   /** Measures the line that `place` stands on, as far as it is laid out. The token at `place` may
      be the line end that closes the line. A tab counts `tabWidth` columns. */
   Reading read(VhdlToken* place, int tabWidth);

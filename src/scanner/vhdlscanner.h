@@ -105,7 +105,8 @@ class VhdlScanner {
   /** Code of the count-th token ahead that is no blank, line end or comment; T_EOF at the end. */
   int LookForward(int count) const;
   /** Columns before the anchor on its line: of the output as far as it is laid out with mode 1, of
-      the source with mode 0. */
+      the source with mode 0. Right only where no earlier call was asked of a place further on whose
+      line has been laid out anew since. */
   int getColumn(int mode);
 
   // --- Indentation (indentation.cpp) ---

@@ -11,8 +11,10 @@
 /** Knows the column of the text under way. */
 class TabExpander {
  public:
-  /** Sets the tab distance of the input; one below 1 acts as 1. */
-  void YYsetInTabSize(int size) { tabSize = std::max(size, 1); }
+  static constexpr int mostTabColumns = 1000;  // so that a tab is no way to fill the memory
+
+  /** Sets the tab distance of the input; one below 1 acts as 1, a larger one as mostTabColumns. */
+  void YYsetInTabSize(int size) { tabSize = std::clamp(size, 1, mostTabColumns); }
   /** Column of the next character in the expanded source line, counted from 0. It runs on from
       source to source; a line end sets it back. */
   long getColumn() const { return column; }

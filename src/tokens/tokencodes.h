@@ -5,6 +5,8 @@
 #define QORN_TOKENS_TOKENCODES_H
 
 #include <array>
+#include <cassert>
+#include <cstddef>
 #include <string_view>
 
 enum TokenCode : int {
@@ -29,12 +31,20 @@ static_assert(T_INDENT_OFF - T_FORMAT_ON == 3, "the pragmas are neighbours, and 
 
 /** A table with one entry for each token code; `fill` where none is set. */
 template <typename T>
-struct TokenTable {
-  std::array<T, tokenCodeCount> entries;
-
+class TokenTable {
+ public:
   constexpr explicit TokenTable(T fill) : entries() { entries.fill(fill); }
-  constexpr T& operator[](int typ) { return entries[static_cast<unsigned>(typ)]; }
-  constexpr const T& operator[](int typ) const { return entries[static_cast<unsigned>(typ)]; }
+  // Requires: a token code.
+  constexpr T& operator[](int typ) { return entries[place(typ)]; }
+  constexpr const T& operator[](int typ) const { return entries[place(typ)]; }
+
+ private:
+  static constexpr std::size_t place(int typ) {
+    assert(typ >= 0 && typ < tokenCodeCount);
+    return static_cast<unsigned>(typ);
+  }
+
+  std::array<T, tokenCodeCount> entries;
 };
 
 /** The reserved word's code, in whatever case it is written, or -1. */

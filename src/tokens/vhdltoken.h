@@ -8,7 +8,9 @@
 #ifndef QORN_TOKENS_VHDLTOKEN_H
 #define QORN_TOKENS_VHDLTOKEN_H
 
+#include <algorithm>
 #include <cassert>
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <string_view>
@@ -25,7 +27,7 @@ struct CaseText {
   int style;
 };
 
-/** A token is owns no texts. Those that it is given live as long as the token, and textPadding
+/** A token owns no texts. Those that it is given live as long as the token, and textPadding
    bytes after them can be read. */
 class VhdlToken : public OldListItem<VhdlToken> {
  public:
@@ -33,6 +35,7 @@ class VhdlToken : public OldListItem<VhdlToken> {
 
   VhdlToken(int code, int line, int level, std::string_view source)
       : VhdlToken(code, line, level, source.data(), static_cast<int>(source.size())) {}
+  VhdlToken(int code, int line, int level, std::nullptr_t) = delete;  // a text is never null
   /** One whose source text is that many blanks. */
   VhdlToken(int code, int line, int level, int blanks)
       : VhdlToken(code, line, level, nullptr, blanks) {}
@@ -40,7 +43,11 @@ class VhdlToken : public OldListItem<VhdlToken> {
   VhdlToken(int code, int level) : VhdlToken(code, /*line*/ 0, level, /*blanks*/ 0) {}
 
   int getTyp() const { return typ; }
-  void setTyp(int code) { typ = static_cast<std::int16_t>(code); }
+  /** Requires: a token code. */
+  void setTyp(int code) {
+    assert(code >= 0 && code < tokenCodeCount);
+    typ = static_cast<std::int16_t>(code);
+  }
   int getLineNo() const { return lineNo; }
   void setLineNo(int line) { lineNo = line; }
   int getParenLevel() const { return parenLevel; }
@@ -48,7 +55,10 @@ class VhdlToken : public OldListItem<VhdlToken> {
   int getIndent() const { return indent; }
   void setIndent(int amount) { indent = amount; }
   int getGravity() const { return gravity; }
-  void setGravity(int priority) { gravity = static_cast<std::int8_t>(priority); }
+  /** Holds the nearest of -128 to 127. */
+  void setGravity(int priority) {
+    gravity = static_cast<std::int8_t>(std::clamp<int>(priority, INT8_MIN, INT8_MAX));
+  }
   int getColumn() const { return column; }
   void setColumn(int place) { column = place; }
 

@@ -66,14 +66,27 @@ TEST(ManualTest, OptionsAreThoseOfTheUsageText) {
   EXPECT_EQ(linesBehind(linesOf("/docs/qorn.1"), ".It Fl "), items);
 }
 
+/** What the pattern's group finds in the text. */
+std::set<std::string> foundIn(const std::string& text, const std::string& pattern) {
+  const std::regex expression(pattern);
+  std::set<std::string> all;
+  std::sregex_iterator found(text.begin(), text.end(), expression);
+  for (const std::sregex_iterator end; found != end; ++found) all.insert((*found)[1]);
+  return all;
+}
+
+TEST(ManualTest, LongOptionsAreThoseOfTheUsageText) {
+  const std::set<std::string> options =
+      foundIn(shell(TempFolder(), "qornfmt --help").out, " --([a-z-]+)");
+  EXPECT_TRUE(options.contains("check"));
+  EXPECT_EQ(foundIn(textOf("/docs/qornfmt.1"), R"(\bFl -([a-z-]+))"), options);
+}
+
 TEST(ManualTest, WordsAreThoseOfTheTable) {
   std::set<std::string> told;
-  const std::regex word(R"(\b[A-Z]+\b)");
   for (const std::string& line : linesOf("/docs/qornrc.5")) {
     if (!line.starts_with(".Ic ") && !line.starts_with(".It Ic ")) continue;
-    for (std::sregex_iterator found(line.begin(), line.end(), word), end; found != end; ++found) {
-      told.insert(found->str());
-    }
+    told.merge(foundIn(line, R"(\b([A-Z]+)\b)"));
   }
   std::set<std::string> forms;
 #define QORN_CONFIGCODE(name, code)

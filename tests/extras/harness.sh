@@ -1,8 +1,7 @@
 # What the tests of the scripts share; sourced by each of them with the program in $QORN_PROGRAM.
 #
-# A test starts in an empty folder with the scripts first in $PATH and no configuration in reach; they are copies, which
-# another user can run where the repository is shut. Expectations print nothing unless they fail, and "finish" ends
-# with 1 if one did. 77 tells ctest that a test was skipped.
+# A test starts in an empty folder with the programs first in $PATH and no configuration in reach. Expectations print
+# nothing unless they fail, and "finish" ends with 1 if one did. 77 tells ctest that a test was skipped.
 # shellcheck shell=sh disable=SC2034
 set -u
 here=$(cd "$(dirname "$0")" && pwd)
@@ -11,10 +10,9 @@ extras=$(cd "$here/../../extras" && pwd)
 
 box=$(mktemp -d) && mkdir "$box/bin" "$box/home" "$box/tmp" "$box/work" && cd "$box/work" || exit 1
 trap 'chmod -R u+rwx "$box"; rm -rf "$box"' EXIT
-cp "$QORN_PROGRAM" "$box/bin/qorn"
-cp "$extras"/qorn-* "$extras/git-qorn" "$box/bin"
+cp "$QORN_PROGRAM" "${QORN_PROGRAM%/*}/qornfmt" "$extras/git-qorn" "$box/bin"
 export PATH="$box/bin:$PATH" HOME="$box/home" TMPDIR="$box/tmp" GIT_CONFIG_NOSYSTEM=1
-unset QORNRC QORN VHDLEXT GIT_DIR GIT_INDEX_FILE GIT_WORK_TREE
+unset QORNRC VHDLEXT GIT_DIR GIT_INDEX_FILE GIT_WORK_TREE
 
 line_end='
 '
@@ -55,16 +53,6 @@ holds() {
 
 write() {
   printf '%s\n' "$2" >"$1"
-}
-
-# as_user COMMAND...: without the powers of root
-as_user() {
-  if [ "$(id -u)" -eq 0 ]; then
-    chmod -R a+rX "$box/bin" && chmod 755 "$box" && chown -R nobody "$box/work" "$box/tmp"
-    setpriv --reuid=nobody --clear-groups -- "$@"
-  else
-    "$@"
-  fi
 }
 
 finish() {

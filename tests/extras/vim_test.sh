@@ -8,7 +8,7 @@ export QORN_VIM="$extras/editors/vim" QORN_WORDS="$here/../../src/tokens/configc
 
 for editor in vim nvim; do
   command -v "$editor" >/dev/null || continue
-  rm -f ./*
+  rm -rf ./*
   : >report
   case $editor in
     vim) vim -Nu NONE -i NONE -n -es -S "$here/vim_test.vim" </dev/null ;;

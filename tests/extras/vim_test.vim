@@ -25,58 +25,47 @@ endfunction
 function! s:Test() abort
   let l:raw = ['entity E is port(', 'clk:in bit;  -- tick', 'q:out bit);', 'end E;', '', 'architecture A of E is begin',
         \ 'process(clk) begin if clk=''1'' then q<=''0''; end if; end process;', 'end A;']
-  call s:Buffer(l:raw)
-  call s:Equal('cursor on a word', 'then', tolower(s:WordAt('then')))
-  call s:Equal('first line', 'ENTITY e IS', getline(1))
-  call s:Equal('last line', 'END a;', getline('$'))
+  for l:word in ['then', 'entity', 'tick', 'bit);', 'q<=', 'end A']
+    call s:Buffer(l:raw)
+    call s:Equal('cursor on ' . l:word, matchstr(tolower(l:word), '\w\+'), tolower(s:WordAt('\V' . l:word)))
+  endfor
+  call s:Equal('formatted', ['ENTITY e IS', 'END a;'], [getline(1), getline('$')])
   let l:neat = getline(1, '$')
   call cursor(3, 2)
   Qorn
   call s:Equal('again, nothing changes', [l:neat, 3, 2], [getline(1, '$'), line('.'), col('.')])
   undo
   call s:Equal('one undo takes all back', l:raw, getline(1, '$'))
-  for l:word in ['entity', 'clk', 'tick', 'bit);', 'q<=', 'end A']
-    call s:Buffer(l:raw)
-    call s:Equal('cursor on ' . l:word, matchstr(tolower(l:word), '\w\+'), tolower(s:WordAt('\V' . l:word)))
-  endfor
-  call s:Buffer(l:raw)
-  call cursor(5, 1)
-  Qorn
-  call s:Equal('cursor on an empty line', ['', 'ARCHITECTURE a OF e IS'], getline('.', line('.') + 1))
 
-  call s:Buffer(['a<=b;', '        c<=d;', '        e<=f;', 'g<=h;'])
-  2,3Qorn
-  call s:Equal('a range', ['a<=b;', '        c <= d;', '        e <= f;', 'g<=h;'], getline(1, '$'))
+  call s:Buffer(['process begin', 'a<=b;', 'c<=d;', 'e<=f;', 'end process;'])
+  3Qorn
   setlocal formatexpr=qorn#FormatExpr()
   normal! 4Ggqq
-  call s:Equal('gq', 'g <= h;', getline(4))
+  call s:Equal('a range and gq', ['process begin', 'a<=b;', '    c <= d;', '    e <= f;', 'end process;'], getline(1, '$'))
 
-  call writefile(['KEYWORDCASE lower'], 'lower.rc')
-  let g:qorn_config = 'lower.rc'
-  call s:Buffer(['END e;'])
+  call mkdir('project/sub', 'p')
+  call writefile(['KEYWORDCASE lower'], 'project/.qornrc')
+  call s:Buffer(['END e;', 'c<=d;'])
+  file project/sub/new.vhd
   Qorn
-  call s:Equal('a configuration', 'end e;', getline(1))
-  let g:qorn_config = 'none.rc'
-  call s:Buffer(['a<=b;', 'c<=d;'])
-  call cursor(2, 3)
-  silent! Qorn
-  call s:Equal('an error leaves the buffer', [['a<=b;', 'c<=d;'], 2, 3, 0],
-        \ [getline(1, '$'), line('.'), col('.'), qorn#Format(1, 2)])
-
+  call s:Equal('the configuration of the file', ['end e;', 'c <= d;'], getline(1, '$'))
   let g:qorn_on_write = 1
-  silent! write out.vhd
-  call s:Equal('an error lets the file be written', ['a<=b;', 'c<=d;'], readfile('out.vhd'))
-  unlet g:qorn_config
+  for [l:setting, l:value] in [['qorn_config', 'none.rc'], ['qorn_program', 'true']]
+    let g:[l:setting] = l:value
+    call s:Buffer(['a<=b;', 'c<=d;'])
+    call cursor(2, 3)
+    silent! write! out.vhd
+    call s:Equal(l:value . ' leaves the text', [['a<=b;', 'c<=d;'], getline(1, '$'), 2, 3, 0],
+          \ [readfile('out.vhd'), getline(1, '$'), line('.'), col('.'), qorn#Format(1, 2)])
+    unlet g:[l:setting]
+  endfor
   silent write
   call s:Equal('formatted on write', ['a <= b;', 'c <= d;'], readfile('out.vhd'))
-  unlet g:qorn_on_write
 
   call s:Buffer(['a<="äöü";-- ß'])
   setlocal fileencoding=latin1
   Qorn
-  call s:Equal('letters of one byte in the file', ['a <= "äöü";', 40, '-- ß'],
-        \ [strcharpart(getline(1), 0, 11), strchars(matchstr(getline(1), '.*\ze--')), matchstr(getline(1), '--.*')])
-
+  call s:Equal('letters of one byte in the file', 'a <= "äöü";' . repeat(' ', 29) . '-- ß', getline(1))
   call s:Highlighting()
 endfunction
 

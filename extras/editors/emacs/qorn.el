@@ -1,4 +1,4 @@
-;;; qorn.el --- Format VHDL by the program qorn  -*- lexical-binding: t; -*-
+;;; qorn.el --- Format VHDL by the program qornfmt  -*- lexical-binding: t; -*-
 
 ;; Version: 2.5
 ;; Package-Requires: ((emacs "26.1"))
@@ -7,57 +7,38 @@
 
 ;;; Commentary:
 
-;; `qorn-buffer' formats the buffer, `qorn-region' the lines of the region, and `qorn-on-save-mode' formats before the
-;; buffer is saved:
+;; `qorn-buffer' formats the buffer, `qorn-region' what touches the lines of the region, and `qorn-on-save-mode' formats
+;; before the buffer is saved:
 ;;
 ;;   (require 'qorn)
 ;;   (add-hook 'vhdl-mode-hook #'qorn-on-save-mode)
 ;;
-;; Point and marks stay at their text.  Where the program fails, the buffer stays as it was.  The program runs in the
-;; folder of the buffer unless `qorn-directory' says otherwise, and finds the configuration that it would find when
-;; called there.
+;; Point and marks stay at their text.  Where the program fails, the buffer stays as it was.  The configuration is the one
+;; that applies to the file: the nearest .qornrc in its folder or above, unless $QORNRC names others.
 
 ;;; Code:
 
+(require 'subr-x)
+
 (defgroup qorn nil
-  "Formatting of VHDL by qorn."
+  "Formatting of VHDL by qornfmt."
   :group 'languages)
 
-(defcustom qorn-program nil
-  "The program; nil for qorn-settle if there is one, else qorn.
-qorn-settle formats until nothing changes any more."
-  :type '(choice (const :tag "qorn-settle or qorn" nil) file))
+(defcustom qorn-program "qornfmt"
+  "The program."
+  :type 'file)
 
 (defcustom qorn-config nil
   "A configuration in place of those that the program finds, or nil."
   :type '(choice (const :tag "Search" nil) file)
   :safe #'stringp)
 
-(defcustom qorn-directory 'root
-  "The folder in which the program runs, and so looks for its configuration.
-`root' is the nearest folder above the buffer's with a .qornrc, or the buffer's
-where there is none; nil is the buffer's; a string names a folder."
-  :type '(choice (const :tag "Nearest folder with a .qornrc" root)
-                 (const :tag "Folder of the buffer" nil)
-                 directory))
-
-(defun qorn--directory ()
-  "Return the folder in which the program is to run."
-  (or (if (stringp qorn-directory)
-          qorn-directory
-        (and (eq qorn-directory 'root) (locate-dominating-file default-directory ".qornrc")))
-      default-directory))
-
-(defun qorn--program ()
-  "Return the name of the program."
-  (or qorn-program (if (executable-find "qorn-settle") "qorn-settle" "qorn")))
-
 ;; Formatting moves blanks, draws out frames and starts comments anew, but leaves the number of all other characters.
 ;; So a place is the number of those before it.
 (defconst qorn--letter "[^ \t\n=*-]")
 
 (defun qorn--replace (new)
-  "Put the text of the buffer NEW in place of what is visible.
+  "Put the text of the buffer NEW in place of the current one's.
 Markers stay about where they are, and point exactly."
   (let ((before (how-many qorn--letter (point-min) (point)))
         (between (not (looking-at-p qorn--letter))))
@@ -68,66 +49,62 @@ Markers stay about where they are, and point exactly."
       (when (re-search-forward qorn--letter nil 'move (1+ before))
         (goto-char (match-beginning 0))))))
 
-(defun qorn--format (beg end options)
-  "Format the text between BEG and END by the program with OPTIONS.
+(defun qorn--arguments (options)
+  "Return the arguments of the program: OPTIONS and those of the buffer."
+  (append options
+          (and qorn-config (list "-c" (expand-file-name qorn-config)))
+          (and buffer-file-name (list "--stdin-filename" (file-local-name buffer-file-name)))
+          (list "-")))
+
+(defun qorn--format (options)
+  "Format the buffer by the program with OPTIONS; show what it reports.
 Signal an error, and change nothing, if the program fails."
-  (let* ((source (current-buffer))
-         (coding (coding-system-change-eol-conversion (or buffer-file-coding-system 'utf-8) 'unix))
-         (coding-system-for-read coding)
-         (coding-system-for-write coding)
-         (arguments (append options (and qorn-config (list "-c" (expand-file-name qorn-config)))))
-         (errors (make-temp-file "qorn"))
-         (folder (qorn--directory))
-         (lacks-line-end (not (eq (char-before end) ?\n))))
-    (unwind-protect
-        (with-temp-buffer
-          (let* ((default-directory folder)
-                 (target (current-buffer))
-                 (status (with-current-buffer source
-                           (let ((default-directory folder))
-                             (apply #'call-process-region beg end (qorn--program) nil
-                                    (list target errors) nil arguments)))))
-            (unless (eql status 0)
-              (erase-buffer)
-              (insert-file-contents errors)
-              (error "%s failed: %s" (qorn--program) (string-trim (buffer-string))))
-            ;; A stretch of lines stays one, whatever the program makes of its last line end.
-            (goto-char (point-max))
-            (unless (or lacks-line-end (bolp))
-              (insert "\n"))
-            (with-current-buffer source
-              (save-restriction
-                (narrow-to-region beg end)
-                (qorn--replace target)))))
-      (delete-file errors))))
+  (save-restriction
+    (widen)
+    (let* ((coding (coding-system-change-eol-conversion (or buffer-file-coding-system 'utf-8) 'unix))
+           (coding-system-for-read coding)
+           (coding-system-for-write coding)
+           (target (generate-new-buffer " *qorn*"))
+           (errors (make-temp-file "qorn")))
+      (unwind-protect
+          (let* ((status (apply #'call-process-region (point-min) (point-max) qorn-program nil
+                                (list target errors) nil (qorn--arguments options)))
+                 (messages (with-temp-buffer
+                             (insert-file-contents errors)
+                             (string-trim (buffer-string)))))
+            ;; A program that prints nothing has not formatted a text.
+            (unless (and (eql status 0)
+                         (or (> (buffer-size target) 0) (string-blank-p (buffer-string))))
+              (error "%s failed: %s" qorn-program messages))
+            (qorn--replace target)
+            (unless (string-empty-p messages)
+              (message "%s" messages)))
+        (kill-buffer target)
+        (delete-file errors)))))
 
 ;;;###autoload
 (defun qorn-buffer ()
   "Format the whole buffer, whatever part of it is shown."
   (interactive "*")
-  (save-restriction
-    (widen)
-    (qorn--format (point-min) (point-max) nil)))
+  (qorn--format nil))
 
 ;;;###autoload
 (defun qorn-region (beg end)
-  "Format the lines from BEG to END and keep the indentation of the first."
+  "Format what touches the lines from BEG to END."
   (interactive "*r")
-  (let ((first (save-excursion (goto-char beg) (line-beginning-position)))
-        (last (save-excursion
-                (goto-char end)
-                (if (and (bolp) (> end beg)) end (line-beginning-position 2)))))
-    (qorn--format first last '("-k"))))
+  (let ((first (line-number-at-pos beg t))
+        (last (line-number-at-pos (if (> end beg) (1- end) end) t)))
+    (qorn--format (list "--lines" (format "%d:%d" first last)))))
 
 (defun qorn--before-save ()
   "Format the buffer; an error becomes a message, so that the buffer is saved."
   (condition-case problem
-      (qorn-buffer)
+      (qorn--format '("-q"))
     (error (message "%s" (error-message-string problem)))))
 
 ;;;###autoload
 (define-minor-mode qorn-on-save-mode
-  "Format the buffer by qorn before it is saved."
+  "Format the buffer by qornfmt before it is saved."
   :lighter " Qorn"
   (if qorn-on-save-mode
       (add-hook 'before-save-hook #'qorn--before-save nil t)

@@ -1,25 +1,26 @@
-" Sends lines through qorn and puts back what has changed.
+" Sends the buffer through qornfmt and puts back what has changed.
 "
-" The text goes through the program in the encoding of the file, since columns are bytes there. The buffer is changed
-" only after the program has succeeded, and in one step of undo. The program runs in Vim's current folder, so it finds
-" the configuration that it would find when called there.
+" The text goes through the program in the encoding of the file, since columns are bytes there, and under the name of
+" the file, whose folder says which configuration applies. The buffer is changed only after the program has succeeded,
+" and in one step of undo.
 
 let s:save_cpo = &cpo
 set cpo&vim
 
-" Formats the lines first to last; fewer than all keep the indentation of the first. Returns 1, or 0 after a message.
-function! qorn#Format(first, last) abort
+" Formats the lines first to last; where they are not all, what touches them. With a true third argument only errors are
+" shown. Returns 1, or 0 after an error.
+function! qorn#Format(first, last, ...) abort
   if !&modifiable
-    return s:Complain('the buffer may not be changed')
+    return s:Complain(['qorn: the buffer may not be changed'])
   endif
-  let l:old = getline(a:first, a:last)
-  let l:options = a:first > 1 || a:last < line('$') ? ['-k'] : []
-  let l:new = s:Filter(l:old, l:options)
+  let l:old = getline(1, '$')
+  let l:options = a:first > 1 || a:last < line('$') ? ['--lines', a:first . ':' . a:last] : []
+  let l:new = s:Filter(l:old, l:options + (a:0 && a:1 ? ['-q'] : []))
   if empty(l:new)
     return 0
   endif
   let l:place = s:Place()
-  if s:Replace(a:first, l:old, l:new[0])
+  if s:Replace(l:old, l:new[0])
     call s:Restore(l:place)
   endif
   return 1
@@ -34,9 +35,11 @@ function! qorn#FormatExpr() abort
   return 0
 endfunction
 
-function! s:Complain(text) abort
+function! s:Complain(lines) abort
   echohl ErrorMsg
-  echomsg 'qorn: ' . a:text
+  for l:line in a:lines
+    echomsg l:line
+  endfor
   echohl None
   return 0
 endfunction
@@ -47,11 +50,13 @@ endfunction
 
 " The lines formatted, in a list of one item; an empty list after a message.
 function! s:Filter(lines, options) abort
-  let l:program = s:Setting('qorn_program', executable('qorn-settle') ? 'qorn-settle' : 'qorn')
-  let l:words = [l:program] + a:options
+  let l:words = [s:Setting('qorn_program', 'qornfmt')] + a:options
   let l:config = s:Setting('qorn_config', '')
   if l:config !=# ''
     let l:words += ['-c', expand(l:config)]
+  endif
+  if expand('%') !=# ''
+    let l:words += ['--stdin-filename', expand('%:p')]
   endif
   let l:encoding = &fileencoding ==# '' ? &encoding : &fileencoding
   let l:recode = l:encoding !=? &encoding && l:encoding !~? '^\(ucs\|utf\)'
@@ -61,12 +66,17 @@ function! s:Filter(lines, options) abort
     let l:lines = l:recode ? map(copy(a:lines), 'iconv(v:val, &encoding, l:encoding)') : a:lines
     " With the line end of the last line, as a file has it.
     call writefile(l:lines, l:input)
-    let l:output = system(join(map(l:words, 'shellescape(v:val)')) . ' <' . shellescape(l:input)
+    let l:output = system(join(map(l:words + ['-'], 'shellescape(v:val)')) . ' <' . shellescape(l:input)
           \ . ' 2>' . shellescape(l:errors))
-    if v:shell_error
-      call s:Complain(join([l:program . ' failed: '] + readfile(l:errors)))
+    let l:messages = readfile(l:errors)
+    " A program that prints nothing has not formatted a text.
+    if v:shell_error || (l:output ==# '' && join(a:lines, '') =~# '\S')
+      call s:Complain(empty(l:messages) ? [l:words[0] . ' failed'] : l:messages)
       return []
     endif
+    for l:message in l:messages
+      echomsg l:message
+    endfor
   finally
     call delete(l:input)
     call delete(l:errors)
@@ -76,9 +86,9 @@ function! s:Filter(lines, options) abort
   return [l:recode ? map(l:result, 'iconv(v:val, l:encoding, &encoding)') : l:result]
 endfunction
 
-" Puts new lines in the place of old ones from line first on, and touches only those that differ, so that marks on the
-" others stay. Returns 1 where something has changed.
-function! s:Replace(first, old, new) abort
+" Puts new lines in the place of all, and touches only those that differ, so that marks on the others stay. Returns 1
+" where something has changed.
+function! s:Replace(old, new) abort
   let l:head = 0
   let l:shorter = min([len(a:old), len(a:new)])
   while l:head < l:shorter && a:old[l:head] ==# a:new[l:head]
@@ -94,7 +104,7 @@ function! s:Replace(first, old, new) abort
     return 0
   endif
   let l:both = min([l:gone, l:come])
-  let l:line = a:first + l:head
+  let l:line = 1 + l:head
   if l:both > 0
     call setline(l:line, a:new[l:head : l:head + l:both - 1])
   endif

@@ -12,6 +12,7 @@
 #include <string_view>
 #include <system_error>
 
+#include "base/system.h"
 #include "config/settings.h"
 
 namespace {
@@ -49,14 +50,13 @@ int readFile(const std::string& name, std::string& text) {
   return error;
 }
 
-/** Is there a file to be read, or at least one that should be? A link that leads nowhere is. */
-bool holdsConfiguration(const fs::path& file) {
-  std::error_code error;
-  const fs::file_status status = fs::status(file, error);
-  if (fs::is_regular_file(status)) return true;
-  if (fs::exists(status)) return false;
-  if (status.type() == fs::file_type::not_found) return fs::is_symlink(file, error);
-  return true;  // not known, so reading it says why
+/** Is there a file to be read, or one that should be? A link that leads nowhere is; reading it says
+    why it can't be. */
+bool holdsConfiguration(const std::string& file) {
+  const FileState state = stateOf(file.c_str());
+  if (state.kind != NO_FILE) return state.kind == REGULAR_FILE;
+  const bool isMissing = state.error == ENOENT || state.error == ENOTDIR;
+  return !isMissing || stateOfEntry(file.c_str()).kind == LINK;
 }
 
 bool isSearchEnd(const fs::path& folder, const std::string& home) {
@@ -71,8 +71,8 @@ std::vector<std::string> filesOf(std::string_view folders) {
     const std::string_view folder = folders.substr(0, folders.find(':'));
     folders.remove_prefix(std::min(folder.size() + 1, folders.size()));
     if (folder.empty()) continue;
-    const fs::path file = fs::path(folder) / configName;
-    if (holdsConfiguration(file)) files.push_back(file.string());
+    const std::string file = (fs::path(folder) / configName).string();
+    if (holdsConfiguration(file)) files.push_back(file);
   }
   return files;
 }
@@ -118,9 +118,9 @@ const Configuration& SettingSource::nearest(const std::string& folder) {
       break;
     }
     passed.push_back(place.string());
-    const fs::path file = place / configName;
+    const std::string file = (place / configName).string();
     if (holdsConfiguration(file)) {
-      answer = &read({file.string()});
+      answer = &read({file});
     } else if (isSearchEnd(place, home)) {
       answer = &store.front();
     }

@@ -14,7 +14,7 @@ hook() {
 
 hook 1
 write a.vhd "$raw" && git add .
-ends 'without the program' 0 env PATH=/usr/bin:/bin git commit -qm one
+ends 'without the program' 0 env PATH="$box/home" "$(command -v git)" commit -qm one
 write a.vhd "$raw$line_end$raw" && git add .
 ends 'what is staged' 1 git commit -qm two
 holds 'the file is named' "$out$err" a.vhd

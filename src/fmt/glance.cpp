@@ -21,15 +21,9 @@ constexpr auto wordLetters = [] {
 
 char wordLetter(char character) { return wordLetters[static_cast<unsigned char>(character)]; }
 
-/** A word goes on with these as a bit string or as one of PSL. */
-bool isPartOfWord(char character) {
-  return character == '"' || character == '%' || character == '!';
-}
-
-/** A number may go on with these. */
-bool isPartOfNumber(char character) {
-  return std::string_view(".#:+-").find(character) != std::string_view::npos;
-}
+// What a word or a number may go on with: as a bit string, as a word of PSL, as a literal.
+constexpr std::string_view afterWord = "\"%!";
+constexpr std::string_view afterNumber = "\"%.#:+-";
 
 /** Length of the letters and digits that both texts begin with; 0 unless both have more behind. */
 std::size_t lengthOfSameLetters(std::string_view old, std::string_view fresh) {
@@ -44,14 +38,11 @@ std::size_t lengthOfSameLetters(std::string_view old, std::string_view fresh) {
 
 // Each is the length of the piece that both texts begin with. 0 where it takes more to tell.
 
-std::size_t lengthOfSameWord(std::string_view old, std::string_view fresh) {
+std::size_t lengthOfSameWord(std::string_view old, std::string_view fresh,
+                             std::string_view continuations) {
   const std::size_t length = lengthOfSameLetters(old, fresh);
-  return isPartOfWord(old[length]) || isPartOfWord(fresh[length]) ? 0 : length;
-}
-
-std::size_t lengthOfSameNumber(std::string_view old, std::string_view fresh) {
-  const std::size_t length = lengthOfSameLetters(old, fresh);
-  return isPartOfNumber(old[length]) || isPartOfNumber(fresh[length]) ? 0 : length;
+  const auto goesOn = [&](char next) { return continuations.find(next) != std::string_view::npos; };
+  return goesOn(old[length]) || goesOn(fresh[length]) ? 0 : length;
 }
 
 std::size_t lengthOfSameDelimiter(std::string_view old, std::string_view fresh) {
@@ -102,9 +93,10 @@ bool Reading::passSamePiece(Reading& old, Reading& fresh) {
   if (oldRest.empty() || freshRest.empty()) return false;
   switch (classOf(oldRest[0])) {
     case CharacterClass::LETTER:
-      return passCode(old, fresh, PieceKind::WORD, lengthOfSameWord(oldRest, freshRest));
+      return passCode(old, fresh, PieceKind::WORD, lengthOfSameWord(oldRest, freshRest, afterWord));
     case CharacterClass::DIGIT:
-      return passCode(old, fresh, PieceKind::NUMBER, lengthOfSameNumber(oldRest, freshRest));
+      return passCode(old, fresh, PieceKind::NUMBER,
+                      lengthOfSameWord(oldRest, freshRest, afterNumber));
     case CharacterClass::DELIMITER:
       return passCode(old, fresh, PieceKind::DELIMITER, lengthOfSameDelimiter(oldRest, freshRest));
     case CharacterClass::SPECIAL: return passCommentMark(old, fresh);

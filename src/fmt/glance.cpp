@@ -9,40 +9,44 @@
 
 namespace {
 
-/** By character: its upper case in a word, 0 elsewhere. */
-constexpr auto wordLetters = [] {
-  std::array<char, 256> table{};
+// What characters are that no word or number is made of; those of either have their upper case.
+enum Mark : unsigned char {
+  NO_PART = 0,
+  PART_OF_WORD = 1,    // of a bit string, of a word of PSL; of a number too
+  PART_OF_NUMBER = 2,  // of a literal
+};
+constexpr unsigned char highestMark = PART_OF_WORD | PART_OF_NUMBER;
+
+constexpr auto wordCharacters = [] {
+  std::array<unsigned char, 256> table{};
   for (std::size_t i = 0; i < table.size(); ++i) {
     const auto character = static_cast<char>(i);
-    if (isWordCharacter(character)) table[i] = asciiUpper(character);
+    if (isWordCharacter(character)) table[i] = static_cast<unsigned char>(asciiUpper(character));
+  }
+  for (const char mark : {'"', '%', '!'}) table[static_cast<std::size_t>(mark)] = PART_OF_WORD;
+  for (const char mark : {'.', '#', ':', '+', '-'}) {
+    table[static_cast<std::size_t>(mark)] = PART_OF_NUMBER;
   }
   return table;
 }();
 
-char wordLetter(char character) { return wordLetters[static_cast<unsigned char>(character)]; }
-
-// What a word or a number may go on with: as a bit string, as a word of PSL, as a literal.
-constexpr std::string_view afterWord = "\"%!";
-constexpr std::string_view afterNumber = "\"%.#:+-";
-
-/** Length of the letters and digits that both texts begin with; 0 unless both have more behind. */
-std::size_t lengthOfSameLetters(std::string_view old, std::string_view fresh) {
-  const std::size_t limit = std::min(old.size(), fresh.size());
-  for (std::size_t i = 0; i < limit; ++i) {
-    const char letter = wordLetter(old[i]);
-    if (letter != wordLetter(fresh[i])) return 0;
-    if (letter == 0) return i;
-  }
-  return 0;
+unsigned char wordCharacter(char character) {
+  return wordCharacters[static_cast<unsigned char>(character)];
 }
 
 // Each is the length of the piece that both texts begin with. 0 where it takes more to tell.
 
-std::size_t lengthOfSameWord(std::string_view old, std::string_view fresh,
-                             std::string_view continuations) {
-  const std::size_t length = lengthOfSameLetters(old, fresh);
-  const auto goesOn = [&](char next) { return continuations.find(next) != std::string_view::npos; };
-  return goesOn(old[length]) || goesOn(fresh[length]) ? 0 : length;
+/** Of letters and digits, which don't go on with those marks. */
+std::size_t lengthOfSameWord(std::string_view old, std::string_view fresh, int marks) {
+  const std::size_t limit = std::min(old.size(), fresh.size());
+  for (std::size_t i = 0; i < limit; ++i) {
+    const unsigned char character = wordCharacter(old[i]);
+    const unsigned char other = wordCharacter(fresh[i]);
+    if (character == other && character > highestMark) continue;
+    if (character > highestMark || other > highestMark) return 0;
+    return ((character | other) & marks) == 0 ? i : 0;
+  }
+  return 0;
 }
 
 std::size_t lengthOfSameDelimiter(std::string_view old, std::string_view fresh) {
@@ -93,10 +97,11 @@ bool Reading::passSamePiece(Reading& old, Reading& fresh) {
   if (oldRest.empty() || freshRest.empty()) return false;
   switch (classOf(oldRest[0])) {
     case CharacterClass::LETTER:
-      return passCode(old, fresh, PieceKind::WORD, lengthOfSameWord(oldRest, freshRest, afterWord));
+      return passCode(old, fresh, PieceKind::WORD,
+                      lengthOfSameWord(oldRest, freshRest, PART_OF_WORD));
     case CharacterClass::DIGIT:
       return passCode(old, fresh, PieceKind::NUMBER,
-                      lengthOfSameWord(oldRest, freshRest, afterNumber));
+                      lengthOfSameWord(oldRest, freshRest, PART_OF_WORD | PART_OF_NUMBER));
     case CharacterClass::DELIMITER:
       return passCode(old, fresh, PieceKind::DELIMITER, lengthOfSameDelimiter(oldRest, freshRest));
     case CharacterClass::SPECIAL: return passCommentMark(old, fresh);

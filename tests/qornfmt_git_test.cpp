@@ -60,7 +60,7 @@ TEST(QornfmtGitTest, FormatsWhatIsStaged) {
        "edit '1s/.*/use  x ;/'; git add .; git diff --cached --quiet HEAD -- || qornfmt --staged"
        " --check; qornfmt --staged --diff -q | head -n 2; index old.vhd | head -n 1",
        0, "old.vhd\n--- a/old.vhd\n+++ b/old.vhd\nuse  x ;\n",
-       "1 staged file would change; qornfmt formats it\n"},
+       "1 staged file would change; qornfmt --staged formats it\n"},
       {"what the checkout converts",
        "git config core.autocrlf true; edit '2s/.*/use  x ;/'; sed -i 's/$/\\r/' old.vhd;"
        " git add . 2>/dev/null; qornfmt -q --staged; index old.vhd; tr '\\r' R <old.vhd",
@@ -110,7 +110,7 @@ TEST(QornfmtGitTest, FindsFilesWhateverTheirNames) {
        0,
        "../-dash.VHD|../:(top)\303\244.vhd|../new|line.vhd|../qu\"ote.vhd|"
        "USE a;\nUSE a;\nUSE a;\nUSE a;\n",
-       "4 of 4 staged files would change; qornfmt formats them\n"},
+       "4 of 4 staged files would change; qornfmt --staged formats them\n"},
       {"in a linked work tree",
        "git worktree add -q ../linked; cd ../linked; edit '2s/.*/use  x ;/'; git add .;"
        " qornfmt -q --staged; index old.vhd; cat ../tree/old.vhd",

@@ -39,7 +39,9 @@ unsigned threadsFor(const FmtOptions& options) {
 }
 
 RunMode modeOf(const FmtOptions& options) {
-  return {options.isCheck, options.isDiff, options.isQuiet, threadsFor(options)};
+  const char* const all = options.isChanged ? "qornfmt --changed" : "qornfmt";
+  return {options.isCheck, options.isDiff, options.isQuiet, threadsFor(options),
+          options.isStaged ? "qornfmt --staged" : all};
 }
 
 // --- Standard input ---

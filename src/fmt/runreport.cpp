@@ -90,8 +90,9 @@ std::string RunReport::summary() const {
   if (left > 0 && fileCount > 1) text = counted(left, fileCount, noun) + " left as they are";
   if (changed > 0) {
     text += text.empty() ? counted(changed, fileCount, noun) : ", " + std::to_string(changed);
-    text += mode.isReadOnly() ? " would change; qornfmt formats " : " formatted";
-    if (mode.isReadOnly()) text += changed == 1 ? "it" : "them";
+    text += mode.isReadOnly() ? " would change; " : " formatted";
+    if (mode.isReadOnly()) text += mode.remedy;
+    if (mode.isReadOnly()) text += changed == 1 ? " formats it" : " formats them";
   }
   return text;
 }

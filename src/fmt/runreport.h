@@ -22,6 +22,7 @@ struct RunMode {
   bool isDiff = false;
   bool isQuiet = false;
   unsigned threads = 1;
+  const char* remedy = "qornfmt";  // the command that does what this one only looks at
   bool isReadOnly() const { return isCheck || isDiff; }
 };
 

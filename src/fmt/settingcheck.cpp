@@ -213,7 +213,8 @@ void Checker::takeUnknownWord() {
   const Setting* setting = waiting != nullptr ? waiting->setting : nullptr;
   if (waiting != nullptr) waiting->isExcused = true;
   for (const ConfigPiece& piece : word) takePiece(piece, true);
-  std::string text = shown(written) + ": " + judgement(written, setting);
+  const bool isShown = complaints.size() < mostComplaints;  // guesses take time
+  std::string text = isShown ? shown(written) + ": " + judgement(written, setting) : "";
   if (!readAs.empty()) text += " (read as " + readAs + ")";
   complain(text);
   isAfterUnknown = readAs.empty();

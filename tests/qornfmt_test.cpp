@@ -25,6 +25,7 @@ TEST(QornfmtTest, TellsItsCommandLine) {
       {"--staged -", "--staged and --changed take files from git, not standard input"},
       {"a.vhd -", "standard input (-) can't be formatted along with files"},
       {"--settings --check", "--settings prints settings and formats nothing"},
+      {"--guess --check", "--guess looks at files and prints settings"},
       {"--stdin-filename a.vhd b.vhd", "--stdin-filename is for standard input alone"},
       {"--changed=--output=x", "--changed wants a commit after the \"=\""},
   };

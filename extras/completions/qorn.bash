@@ -2,7 +2,7 @@
 
 _qorn() {
   local word=${COMP_WORDS[COMP_CWORD]} before=${COMP_WORDS[COMP_CWORD - 1]} line any=''
-  local options='--check --diff --lines --staged --changed --stdin-filename -c --config --settings -j --jobs -q --quiet
+  local options='--check --diff --lines --staged --changed --stdin-filename -c --config --settings --guess -j --jobs -q --quiet
     --force -h --help --version'
   [[ ${COMP_WORDS[0]##*/} != qorn ]] || options='-h -v -k -t -c'
   COMPREPLY=()

@@ -17,6 +17,7 @@ for command in qornfmt git-qorn
     complete -c $command -l stdin-filename -r -F -d 'What standard input is called'
     complete -c $command -s c -l config -r -F -d 'Take the settings from this file alone'
     complete -c $command -l settings -d 'Print the settings in force'
+    complete -c $command -l guess -d 'Print the settings that suit the files'
     complete -c $command -s j -l jobs -x -d 'Number of threads'
     complete -c $command -s q -l quiet -d 'Print no summaries and no warnings'
     complete -c $command -l force -d 'Format files with any ending'

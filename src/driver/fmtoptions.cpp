@@ -26,6 +26,7 @@ const char* const fmtUsage =
     "  -c, --config FILE         settings from this file alone; else from $QORNRC, or from the\n"
     "                            nearest .qornrc in the folder of a file or above\n"
     "      --settings [PATH]     print the settings that apply there, and what has no effect\n"
+    "      --guess               print the settings that suit the sources as they are\n"
     "  -j, --jobs N              threads; else one a core\n"
     "  -q, --quiet               print no summaries and no warnings\n"
     "      --force               format files with any ending\n"
@@ -44,6 +45,7 @@ enum Option : int {
   OPTION_CHANGED,
   OPTION_INPUT_NAME,
   OPTION_SETTINGS,
+  OPTION_GUESS,
   OPTION_FORCE,
   OPTION_VERSION
 };
@@ -58,6 +60,7 @@ constexpr option longOptions[] = {
     {"stdin-filename", required_argument, nullptr, OPTION_INPUT_NAME},
     {"config",         required_argument, nullptr, 'c'},
     {"settings",       no_argument,       nullptr, OPTION_SETTINGS},
+    {"guess",          no_argument,       nullptr, OPTION_GUESS},
     {"jobs",           required_argument, nullptr, 'j'},
     {"quiet",          no_argument,       nullptr, 'q'},
     {"force",          no_argument,       nullptr, OPTION_FORCE},
@@ -100,6 +103,7 @@ std::string readOption(int letter, FmtOptions& options) {
       return {};
     case OPTION_INPUT_NAME: options.inputName = value; return {};
     case OPTION_SETTINGS: options.isSettings = true; return {};
+    case OPTION_GUESS: options.isGuess = true; return {};
     case OPTION_FORCE: options.isForced = true; return {};
     case OPTION_VERSION: options.isVersion = true; return {};
     case 'c': options.configFile = value; return value.empty() ? "-c wants the name of a file" : "";
@@ -127,6 +131,9 @@ std::string findContradiction(const FmtOptions& options) {
        "standard input (-) can't be formatted along with files"},
       {!options.lines.isEmpty() && options.paths.size() > 1,
        "--lines wants one file, or standard input"},
+      {options.isGuess &&
+           (isJudging || options.isSettings || hasInput || !options.configFile.empty()),
+       "--guess looks at files and prints settings"},
       {options.isSettings && isJudging, "--settings prints settings and formats nothing"},
       {options.isSettings && options.paths.size() > 1, "--settings wants one path"},
       {!options.inputName.empty() && !options.paths.empty() && !hasInput,

@@ -15,6 +15,7 @@ struct FmtOptions {
   bool isStaged = false;
   bool isChanged = false;
   bool isSettings = false;
+  bool isGuess = false;
   bool isHelp = false;
   bool isVersion = false;
   unsigned threads = 0;            // 0: as many as there are cores

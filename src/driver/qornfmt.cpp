@@ -18,11 +18,13 @@
 #include "driver/fmtoptions.h"
 #include "fmt/formatfiles.h"
 #include "fmt/gittree.h"
+#include "fmt/guess.h"
 #include "fmt/judgement.h"
 #include "fmt/runreport.h"
 #include "fmt/settingsource.h"
 #include "fmt/sourcepaths.h"
 #include "fmt/staged.h"
+#include "fmt/textform.h"
 
 namespace {
 
@@ -192,7 +194,42 @@ FmtStatus showSettings(const FmtOptions& options, SettingSource& settings) {
   return shown.complaints.empty() ? FMT_DONE : FMT_CHANGES;
 }
 
+// --- Guessing ---
+
+/** The texts of files, those left out that are none. */
+std::vector<std::string> readTexts(const std::vector<std::string>& files,
+                                   const std::vector<std::size_t>& places) {
+  std::vector<std::string> texts;
+  for (const std::size_t place : places) {
+    std::string content;
+    FileState state;
+    if (!readFile(files[place].c_str(), content, state).empty()) continue;
+    if (!findUnreadable(content).reason.empty()) continue;
+    (void)takeOffForm(content, texts.emplace_back());
+  }
+  return texts;
+}
+
+/** Prints the settings that suit the files of the paths, of the current folder without one. */
+FmtStatus guess(const FmtOptions& options) {
+  const std::vector<std::string> here{"."};
+  const SourcePaths sources =
+      findSources(options.paths.empty() ? here : options.paths, options.isForced);
+  for (const std::string& trouble : sources.trouble) (void)fail(trouble);
+  std::vector<std::size_t> sizes;
+  for (const std::string& file : sources.files) {
+    sizes.push_back(static_cast<std::size_t>(stateOf(file.c_str()).size));
+  }
+  const std::vector<std::string> texts = readTexts(sources.files, drawSample(sizes));
+  if (texts.empty()) return fail("there are no VHDL files to guess from");
+  const std::string origin = "Guessed by qornfmt from " + std::to_string(texts.size()) + " of " +
+                             std::to_string(sizes.size()) + " files.";
+  const bool isPrinted = printOutput(guessSettings(texts, origin, threadsFor(options)).text);
+  return isPrinted && sources.trouble.empty() ? FMT_DONE : FMT_TROUBLE;
+}
+
 FmtStatus format(FmtOptions& options) {
+  if (options.isGuess) return guess(options);
   SettingSource settings(options.configFile);
   if (options.isSettings) return showSettings(options, settings);
   if (options.isStaged) return formatStagedChanges(options, settings);

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "config/settings.h"
 #include "scanner/settings.h"
 
 /** A configuration file in memory, with its name as messages show it. */
@@ -30,6 +31,9 @@ struct SettingCheck {
 
 /** Reads the files as the settings are read: one after the other, as one long text. */
 [[nodiscard]] SettingCheck checkSettings(std::span<const ConfigText> files);
+
+/** The value of a key as a configuration writes it. */
+[[nodiscard]] std::string settingValue(const Setting& setting, const Settings& settings);
 
 /** Every key that has an effect, with its value and where that comes from. Read as a configuration,
     the text gives the same settings again. */

@@ -30,7 +30,15 @@ std::string quotedText(std::string_view text) {
   return quote + std::string(text) + quote;
 }
 
-std::string valueText(const Setting& setting, const Settings& settings) {
+/** A comment ends with its line. */
+std::string commentText(std::string place) {
+  std::ranges::replace(place, '\n', '?');
+  return place.empty() ? "# default" : "# " + place;
+}
+
+}  // namespace
+
+std::string settingValue(const Setting& setting, const Settings& settings) {
   switch (setting.kind) {
     case SETTING_CASE: return wordText(settings.caseStyles.ofGroup(setting.group));
     case SETTING_WORD: return wordText(settings.*setting.number);
@@ -40,18 +48,10 @@ std::string valueText(const Setting& setting, const Settings& settings) {
   }
 }
 
-/** A comment ends with its line. */
-std::string commentText(std::string place) {
-  std::ranges::replace(place, '\n', '?');
-  return place.empty() ? "# default" : "# " + place;
-}
-
-}  // namespace
-
 std::string settingsText(const Settings& settings, std::span<const SettingOrigin> origins) {
   std::string text;
   for (const SettingOrigin& origin : origins) {
-    const std::string value = valueText(settingOf(origin.key), settings);
+    const std::string value = settingValue(settingOf(origin.key), settings);
     text += padded(configName(origin.key), keyWidth) + padded(value, valueWidth) +
             commentText(origin.place) + '\n';
   }

@@ -11,6 +11,7 @@
 #include <iterator>
 #include <string_view>
 #include <system_error>
+#include <utility>
 
 #include "base/system.h"
 #include "config/settings.h"
@@ -163,6 +164,7 @@ std::vector<std::string> complaintsAbout(const Configuration& configuration) {
 }
 
 SettingsReport reportSettings(const Configuration& configuration) {
-  const SettingCheck check = checkSettings(configuration.files);
-  return {settingsText(configuration.settings, check.origins), complaintsAbout(configuration)};
+  if (!configuration.trouble.empty()) return {"", {configuration.trouble}};
+  SettingCheck check = checkSettings(configuration.files);
+  return {settingsText(configuration.settings, check.origins), std::move(check.complaints)};
 }

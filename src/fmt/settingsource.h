@@ -25,7 +25,7 @@ struct Configuration {
 
 /** What `--settings` shows. */
 struct SettingsReport {
-  std::string text;  // a configuration that gives the same settings
+  std::string text;  // a configuration that gives the same settings; empty if there is trouble
   std::vector<std::string> complaints;
 };
 [[nodiscard]] SettingsReport reportSettings(const Configuration& configuration);

@@ -13,6 +13,7 @@
 #include <system_error>
 #include <utility>
 
+#include "base/readfile.h"
 #include "base/system.h"
 #include "config/settings.h"
 
@@ -39,16 +40,13 @@ std::string shownName(const fs::path& file) {
   return (isBelow ? relative : file).string();
 }
 
-/** Reads a file whole. 0, or the number of the error. */
-int readFile(const std::string& name, std::string& text) {
+/** Reads a file of any kind. Returns the reason why not, or an empty string. */
+std::string readWhole(const std::string& name, std::string& text) {
   FILE* stream = std::fopen(name.c_str(), "rb");
-  if (stream == nullptr) return errno;
-  char block[16384];
-  std::size_t count = 0;
-  while ((count = std::fread(block, 1, sizeof block, stream)) > 0) text.append(block, count);
-  const int error = std::ferror(stream) != 0 ? errno : 0;
+  if (stream == nullptr) return std::strerror(errno);
+  std::string reason = readToEnd(fileno(stream), text);
   std::fclose(stream);
-  return error;
+  return reason;
 }
 
 /** Is there a file to be read, or one that should be? A link that leads nowhere is; reading it says
@@ -135,9 +133,9 @@ const Configuration& SettingSource::read(const std::vector<std::string>& files) 
   std::vector<std::string_view> texts;
   for (const std::string& file : files) {
     ConfigText& config = configuration.files.emplace_back(ConfigText{shownName(file), ""});
-    const int error = readFile(file, config.text);
-    if (error == 0) continue;
-    configuration.trouble = config.name + ": " + std::strerror(error);
+    const std::string reason = readWhole(file, config.text);
+    if (reason.empty()) continue;
+    configuration.trouble = config.name + ": " + reason;
     return configuration;
   }
   for (const ConfigText& config : configuration.files) texts.push_back(config.text);

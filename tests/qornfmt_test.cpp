@@ -131,6 +131,8 @@ TEST(QornfmtTest, ReplacesFilesWhole) {
        "USE a;\nuse a ;\n", ""},
       {"not what may not be written", "chmod 444 a.vhd; $nobody qornfmt a.vhd; cat a.vhd; ls -A", 0,
        "use a ;\na.vhd\nrc\n", "a.vhd: not written: Permission denied\n"},
+      {"nor messages into files", "qornfmt a.vhd nosuch.vhd 2>&- 0>&- 1>&-; cat a.vhd", 0,
+       "USE a;\n", ""},
       {"nor in such a folder", "chmod 555 .; $nobody qornfmt a.vhd; cat a.vhd; ls -A", 0,
        "use a ;\na.vhd\nrc\n", "a.vhd: not written: Permission denied\n"},
       {"nor beyond the limit of the size of files, told once",

@@ -1,10 +1,20 @@
+// A terminal is asked about by what the system says of the descriptors, never by their names.
 #include "base/terminal.h"
 
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdlib>
 #include <cstring>
+
+void occupyClosedStreams() {
+  for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; ++stream) {
+    if (fcntl(stream, F_GETFD) >= 0) continue;
+    // The lowest free descriptor, which is this one. Reading from what is to be written to fails.
+    if (open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY) < 0) return;
+  }
+}
 
 InputKind standardInputKind() {
   struct stat status {};

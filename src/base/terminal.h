@@ -2,6 +2,10 @@
 #ifndef QORN_BASE_TERMINAL_H
 #define QORN_BASE_TERMINAL_H
 
+/** Gives each of the three standard streams that is closed a descriptor that neither reads nor
+    writes, or the next file to be opened would take its place, and the messages. */
+void occupyClosedStreams();
+
 enum class InputKind {
   terminal,
   piped,   // a pipe, a socket or a file: somebody has given a text

@@ -168,7 +168,7 @@ FmtStatus formatChanged(const FmtOptions& options, SettingSource& settings) {
   for (const GitChange& change : changes) {
     FileTask& task = tasks.emplace_back();
     task.path = tree.pathOf(change.name);
-    if (change.status == 'M') task.lines = change.newLines();
+    if (change.hasOldLines()) task.lines = change.newLines();
   }
   for (const std::string& name : unknown) {
     if (isWanted(name, options)) tasks.push_back({tree.pathOf(name), {}});
@@ -262,8 +262,9 @@ FmtStatus run(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  occupyClosedStreams();
   callFaults("qornfmt: ", endRunWhole);
   std::set_new_handler(outOfMemory);
   endOnSignals();
-  endRunWhole(run(argc, argv));
+  return run(argc, argv);
 }

@@ -54,6 +54,19 @@ TEST(QornfmtTrustTest, KeepsTheTextWhateverFails) {
   EXPECT_GT(failures, 10);
 }
 
+TEST(QornfmtTrustTest, LeavesAloneWhatSomebodyElseHasSaved) {
+#ifdef QORN_HAS_ADDRESS_SANITIZER
+  GTEST_SKIP() << "the sanitizer wants to be loaded first";
+#endif
+  const TempFolder folder;
+  folder.write("a.vhd", oldText);
+  const ProgramRun run = shell(folder, std::string("QORN_FAIL=fchmod:1:SAVE LD_PRELOAD='") +
+                                           QORN_FAILING + "' qornfmt a.vhd; echo $?; ls -A");
+  EXPECT_EQ(run.out, "2\na.vhd\n");
+  EXPECT_EQ(run.err, "a.vhd: not written: changed by another program since it was read\n");
+  EXPECT_EQ(folder.read("a.vhd"), "use");
+}
+
 TEST(QornfmtTrustTest, TouchesNothingWhenMemoryRunsOut) {
 #ifdef QORN_HAS_ADDRESS_SANITIZER
   GTEST_SKIP() << "the sanitizer needs all the memory there is";

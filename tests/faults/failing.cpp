@@ -1,5 +1,6 @@
 // Preloaded into a program, has its calls of the system fail: QORN_FAIL=NAME:N:ERROR lets the N-th
-// call of that name fail with that error number. QORN_FAIL=NAME:N:KILL kills the program there.
+// call of that name fail with that error number. With KILL or TERM for the error, a signal
+// comes there; with SAVE, somebody else writes to a.vhd.
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -23,6 +24,7 @@ bool isToFail(const char* name) {
   char* rest = nullptr;
   if (++calls != std::strtol(wanted + length + 1, &rest, 10)) return false;
   if (std::strcmp(rest, ":KILL") == 0) std::raise(SIGKILL);
+  if (std::strcmp(rest, ":SAVE") == 0) return truncate("a.vhd", 3) != 0;
   if (std::strcmp(rest, ":TERM") == 0) return std::raise(SIGTERM) != 0;
   errno = std::atoi(rest + 1);
   return true;

@@ -65,6 +65,14 @@ TEST(QornfmtGitTest, FormatsWhatIsStaged) {
        "git config core.autocrlf true; edit '2s/.*/use  x ;/'; sed -i 's/$/\\r/' old.vhd;"
        " git add . 2>/dev/null; qornfmt -q --staged; index old.vhd; tr '\\r' R <old.vhd",
        0, "USE a;\nUSE x;\nUSE c;\nUSE d;\nUSE a;R\nUSE x;R\nUSE c;R\nUSE d;R\n", ""},
+      {"a renamed file has its old lines",
+       "edit 's/USE/use/'; git commit -qam 2; git mv old.vhd new.vhd; sed -i '2s/.*/use  x ;/'"
+       " new.vhd; git add .; qornfmt -q --staged; index new.vhd",
+       0, "use a;\nUSE x;\nuse c;\nuse d;\n", ""},
+      {"what is not checked out stays so",
+       "edit '2s/.*/use  x ;/'; git add .; git update-index --skip-worktree old.vhd; rm old.vhd;"
+       " qornfmt -q --staged; index old.vhd; git status --short",
+       0, "USE a;\nUSE x;\nUSE c;\nUSE d;\nM  old.vhd\n", ""},
       {"mode kept, deleted and renamed files, links and submodules aside",
        "printf 'use  x ;\\n' >x.vhd; chmod +x x.vhd; ln -s x.vhd l.vhd; git init -q sub.vhd;"
        " git -C sub.vhd commit -q --allow-empty -m 1; git add . 2>/dev/null; git mv old.vhd "

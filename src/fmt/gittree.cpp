@@ -34,7 +34,7 @@ std::vector<std::string> split(std::string_view text, char delimiter) {
   return pieces;
 }
 
-/** From ":MODE MODE ID ID STATUS", NUL, "NAME", NUL. */
+/** From ":MODE MODE ID ID STATUS", NUL, "NAME", NUL; in front of a new name stands the old. */
 GitChange takeChange(std::string_view& list) {
   std::string_view fields = take(list, '\0');
   GitChange change;
@@ -43,6 +43,7 @@ GitChange takeChange(std::string_view& list) {
   take(fields, ' ');
   change.id = take(fields, ' ');
   if (!fields.empty()) change.status = fields[0];
+  if (change.status == 'R') change.oldName = take(list, '\0');
   change.name = take(list, '\0');
   return change;
 }
@@ -107,7 +108,7 @@ bool GitTree::listDiff(const std::vector<std::string>& paths, std::vector<GitCha
                                  "-z",
                                  "--no-abbrev",
                                  "--no-ext-diff",
-                                 "--no-renames",
+                                 "--find-renames",
                                  "--ignore-submodules=all"};
   words.insert(words.end(), sides.begin(), sides.end());
   words.push_back("--");
@@ -176,34 +177,41 @@ bool GitTree::listUnstaged(const std::vector<std::string>& names, std::vector<Gi
 bool GitTree::readHunks(std::vector<GitChange>& changes) {
   std::vector<GitChange*> wanted;
   for (GitChange& change : changes) {
-    if (change.isPlain() && (change.status == 'A' || change.status == 'M'))
-      wanted.push_back(&change);
+    if (change.isPlain() && change.hasOldLines()) wanted.push_back(&change);
+    if (wanted.size() == namesPerCommand && !readPatch(wanted)) return false;
   }
-  for (std::size_t begin = 0; begin < wanted.size(); begin += namesPerCommand) {
-    const std::size_t end = std::min(begin + namesPerCommand, wanted.size());
-    std::vector<std::string> words{"-c",
-                                   "diff.relative=false",
-                                   "diff",
-                                   "-U0",
-                                   "--text",
-                                   "--no-color",
-                                   "--no-ext-diff",
-                                   "--no-textconv",
-                                   "--no-renames",
-                                   "--inter-hunk-context=0",
-                                   "--ignore-submodules=all"};
-    words.insert(words.end(), sides.begin(), sides.end());
-    words.push_back("--");
-    for (std::size_t i = begin; i < end; ++i) words.push_back(":(top,literal)" + wanted[i]->name);
-    std::string output;
-    if (!run(words, output)) return false;
-    std::vector<std::vector<PatchHunk>> files = readPatchHunks(output);
-    if (files.size() != end - begin) {
-      trouble = "files change while git compares them; try again";
-      return false;
-    }
-    for (std::size_t i = begin; i < end; ++i) wanted[i]->hunks = std::move(files[i - begin]);
+  return readPatch(wanted);
+}
+
+/** Takes the hunks of these changes from one patch, and empties the list. */
+bool GitTree::readPatch(std::vector<GitChange*>& wanted) {
+  if (wanted.empty()) return true;
+  std::vector<std::string> words{"-c",
+                                 "diff.relative=false",
+                                 "diff",
+                                 "-U0",
+                                 "--text",
+                                 "--no-color",
+                                 "--no-ext-diff",
+                                 "--no-textconv",
+                                 "--find-renames",
+                                 "--inter-hunk-context=0",
+                                 "--ignore-submodules=all"};
+  words.insert(words.end(), sides.begin(), sides.end());
+  words.push_back("--");
+  for (const GitChange* change : wanted) {
+    words.push_back(":(top,literal)" + change->name);
+    if (!change->oldName.empty()) words.push_back(":(top,literal)" + change->oldName);
   }
+  std::string output;
+  if (!run(words, output)) return false;
+  std::vector<std::vector<PatchHunk>> files = readPatchHunks(output);
+  if (files.size() != wanted.size()) {
+    trouble = "files change while git compares them; try again";
+    return false;
+  }
+  for (std::size_t i = 0; i < files.size(); ++i) wanted[i]->hunks = std::move(files[i]);
+  wanted.clear();
   return true;
 }
 
@@ -236,14 +244,15 @@ bool GitTree::writeBlob(std::string_view text, std::string& id) {
 }
 
 bool GitTree::readIndex(const std::vector<std::string>& names, std::vector<IndexEntry>& entries) {
-  std::vector<std::string> words{"ls-files", "--stage", "--full-name", "-z", "--"};
+  std::vector<std::string> words{"ls-files", "--stage", "-t", "--full-name", "-z", "--"};
   for (const std::string& name : names) words.push_back(":(top,literal)" + name);
   std::string output;
   if (!run(words, output)) return false;
   std::string_view list = output;
-  while (!list.empty()) {  // "MODE ID STAGE\tNAME"
+  while (!list.empty()) {  // "TAG MODE ID STAGE\tNAME"
     std::string_view record = take(list, '\0');
     IndexEntry entry;
+    entry.isOutside = take(record, ' ') == "S";
     entry.mode = take(record, ' ');
     entry.id = take(record, ' ');
     const std::string_view stage = take(record, '\t');
@@ -255,11 +264,16 @@ bool GitTree::readIndex(const std::vector<std::string>& names, std::vector<Index
 
 bool GitTree::updateIndex(const std::vector<IndexEntry>& entries) {
   std::string input;
+  std::string outside;
   for (const IndexEntry& entry : entries) {
     input += entry.mode + ' ' + entry.id + " 0\t" + entry.name + '\0';
+    if (entry.isOutside) outside += entry.name + '\0';
   }
   std::string output;
-  return run({"update-index", "-z", "--index-info"}, output, input);
+  if (!run({"update-index", "-z", "--index-info"}, output, input)) return false;
+  // A new entry counts as checked out; the file would seem to be deleted.
+  return outside.empty() ||
+         run({"update-index", "--skip-worktree", "-z", "--stdin"}, output, outside);
 }
 
 void GitTree::refreshIndex() {

@@ -13,22 +13,26 @@
 
 /** A file that differs between two of: a commit, the index, the work tree. */
 struct GitChange {
-  char status = 'M';  // A added, D deleted, M modified, T another kind of file, U in conflict
+  char status = 'M';  // A added, D deleted, M modified, R renamed, T another kind, U in conflict
   std::string mode;   // of the newer side
   std::string id;     // of the newer side's blob; zeros for a file of the work tree
   std::string name;
+  std::string oldName;  // of what was renamed
   std::vector<PatchHunk> hunks;
 
   /** The lines that are new, in the newer side. */
   LineSet newLines() const;
   /** True for plain files, false for links and submodules. */
   bool isPlain() const { return mode.starts_with("100"); }
+  /** True if the other side has lines of the same file. */
+  bool hasOldLines() const { return status == 'M' || status == 'R'; }
 };
 
 struct IndexEntry {
   std::string mode;
   std::string id;
   std::string name;
+  bool isOutside = false;  // of the part of the tree that is checked out
 };
 
 /** Each function returns false with `trouble` set where git fails. */
@@ -54,8 +58,7 @@ class GitTree {
   /** What the work tree holds against the index, of these names, with hunks. */
   [[nodiscard]] bool listUnstaged(const std::vector<std::string>& names,
                                   std::vector<GitChange>& changes);
-  /** Adds their hunks to changes from the list made last; only added and modified ones have some.
-   */
+  /** Adds their hunks to changes from the list made last, where they have old lines. */
   [[nodiscard]] bool readHunks(std::vector<GitChange>& changes);
 
   [[nodiscard]] bool readBlobs(const std::vector<std::string>& ids,
@@ -74,6 +77,7 @@ class GitTree {
  private:
   [[nodiscard]] bool run(const std::vector<std::string>& words, std::string& output,
                          std::string_view input = {});
+  bool readPatch(std::vector<GitChange*>& wanted);
   bool listFiles(const std::vector<std::string>& kinds, const std::vector<std::string>& paths,
                  std::string& output);
   bool listDiff(const std::vector<std::string>& paths, std::vector<GitChange>& changes);

@@ -44,8 +44,7 @@ class StagedGroup {
 
  private:
   StagedText judgeOne(std::size_t item, SettingSource& settings);
-  bool writeIndex();
-  bool isIndexAsRead(const std::vector<std::string>& names);
+  bool makeEntries(std::vector<IndexEntry>& entries);
   void follow(StagedText& text, const GitChange* unstaged);
   void replaceFile(StagedText& text, const std::vector<PatchHunk>& unstaged);
 
@@ -53,6 +52,7 @@ class StagedGroup {
   const std::span<const GitChange> changes;
   const RunMode& mode;
   std::vector<StagedText> texts;
+  std::vector<std::string> names;  // of what has changed
 };
 
 bool StagedGroup::read() {
@@ -76,7 +76,7 @@ StagedText StagedGroup::judgeOne(std::size_t item, SettingSource& settings) {
   }
   const LineSet lines = change.newLines();
   text.judgement = judgeContent(text.path, text.content, report.settings->settings,
-                                change.status == 'M' ? &lines : nullptr);
+                                change.hasOldLines() ? &lines : nullptr);
   const bool isRefused = text.judgement.verdict == Judgement::REFUSED;
   (isRefused ? report.messages : report.notes) = text.judgement.messages;
   if (isRefused) report.outcome = FileReport::LEFT;
@@ -98,34 +98,27 @@ void StagedGroup::judge(SettingSource& settings) {
   texts = std::move(judged);
 }
 
-bool StagedGroup::isIndexAsRead(const std::vector<std::string>& names) {
-  std::vector<IndexEntry> entries;
-  if (!tree.readIndex(names, entries)) return false;
-  std::map<std::string, std::string> ids;
-  for (IndexEntry& entry : entries) ids[entry.name] = entry.id;
+/** Makes the new entries of what has changed; false if somebody else has staged such a file anew.
+ */
+bool StagedGroup::makeEntries(std::vector<IndexEntry>& entries) {
+  std::vector<IndexEntry> current;
+  if (!tree.readIndex(names, current)) return false;
+  std::map<std::string, const IndexEntry*> byName;
+  for (const IndexEntry& entry : current) byName[entry.name] = &entry;
   for (std::size_t i = 0; i < texts.size(); ++i) {
     if (texts[i].report.outcome != FileReport::CHANGED) continue;
-    if (ids[changes[i].name] == changes[i].id) continue;
-    tree.trouble = texts[i].path + ": staged anew by another program; nothing is written";
-    return false;
+    const auto found = byName.find(changes[i].name);
+    if (found == byName.end() || found->second->id != changes[i].id) {
+      tree.trouble = texts[i].path + ": staged anew by another program; nothing is written";
+      return false;
+    }
+    entries.push_back(*found->second);
+    if (!tree.writeBlob(texts[i].judgement.content, entries.back().id)) return false;
   }
   return true;
 }
 
-bool StagedGroup::writeIndex() {
-  std::vector<IndexEntry> entries;
-  std::vector<std::string> names;
-  for (std::size_t i = 0; i < texts.size(); ++i) {
-    if (texts[i].report.outcome != FileReport::CHANGED) continue;
-    entries.push_back({changes[i].mode, "", changes[i].name});
-    names.push_back(changes[i].name);
-    if (!tree.writeBlob(texts[i].judgement.content, entries.back().id)) return false;
-  }
-  return isIndexAsRead(names) && tree.updateIndex(entries);
-}
-
 bool StagedGroup::write() {
-  std::vector<std::string> names;
   for (std::size_t i = 0; i < texts.size(); ++i) {
     if (texts[i].report.outcome == FileReport::CHANGED) names.push_back(changes[i].name);
   }
@@ -134,8 +127,10 @@ bool StagedGroup::write() {
   if (!tree.listUnstaged(names, unstaged)) return false;
   std::map<std::string, const GitChange*> byName;
   for (const GitChange& change : unstaged) byName[change.name] = &change;
+  std::vector<IndexEntry> entries;
+  if (!makeEntries(entries)) return false;
   const UnbrokenSection section;  // a signal must not come between index and work tree
-  if (!writeIndex()) return false;
+  if (!tree.updateIndex(entries)) return false;
   for (std::size_t i = 0; i < texts.size(); ++i) {
     if (texts[i].report.outcome != FileReport::CHANGED) continue;
     const auto found = byName.find(changes[i].name);
@@ -144,10 +139,12 @@ bool StagedGroup::write() {
   return true;
 }
 
-/** Has the file of the work tree follow the index; null if it held the same. */
+/** Has the file of the work tree follow the index; null if it held the same. It may be missing on
+    purpose, without git calling that a change. */
 void StagedGroup::follow(StagedText& text, const GitChange* unstaged) {
   const bool isFile = unstaged == nullptr || unstaged->status == 'M';
-  if (isFile) replaceFile(text, unstaged == nullptr ? std::vector<PatchHunk>() : unstaged->hunks);
+  if (isFile && stateOf(text.path.c_str()).kind != NO_FILE)
+    replaceFile(text, unstaged == nullptr ? std::vector<PatchHunk>() : unstaged->hunks);
 }
 
 void StagedGroup::replaceFile(StagedText& text, const std::vector<PatchHunk>& unstaged) {

@@ -6,10 +6,13 @@
 #include <new>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "config/settings.h"
 #include "fmt/formattext.h"
+#include "fmt/judgement.h"
+#include "keys.h"
 
 #define QORN_EXPORT(name) extern "C" __attribute__((export_name(#name)))
 
@@ -20,7 +23,7 @@ namespace {
 
 std::deque<std::string> arguments;
 
-enum Part : int { PART_TEXT, PART_COUNT };
+enum Part : int { PART_TEXT, PART_COMPLAINTS, PART_CHANGES, PART_DIFF, PART_COUNT };
 std::array<std::string, PART_COUNT> parts;
 
 std::string takeArgument() {
@@ -30,14 +33,53 @@ std::string takeArgument() {
   return text;
 }
 
-/** The rest of the arguments, as configurations, and what options set. */
-Settings takeSettings(int keepIndentation, int tabSize) {
-  const std::vector<std::string_view> configurations(arguments.begin(), arguments.end());
-  Settings settings = makeSettings(configurations);
+/** The rest of the arguments: the name and the text of each configuration. */
+std::vector<ConfigText> takeConfigurations() {
+  std::vector<ConfigText> files;
+  while (!arguments.empty()) {
+    std::string name = takeArgument();
+    files.push_back({std::move(name), takeArgument()});
+  }
+  return files;
+}
+
+Settings settingsOf(const std::vector<ConfigText>& files, int keepIndentation, int tabSize) {
+  const std::vector<std::string_view> texts = textsOf(files);
+  Settings settings = makeSettings(texts);
   settings.keepIndentation = keepIndentation;
   if (tabSize > 0) settings.oldTabsize = tabSize;
-  arguments.clear();
   return settings;
+}
+
+/** "A:B" a line; what is none is told. */
+LineSet readLines(std::string_view text) {
+  LineSet lines;
+  while (!text.empty()) {
+    const std::string_view range = text.substr(0, text.find('\n'));
+    text.remove_prefix(std::min(range.size() + 1, text.size()));
+    if (!lines.addParsed(range)) {
+      parts[PART_COMPLAINTS] += "lines want FIRST:LAST, counted from 1: ";
+      parts[PART_COMPLAINTS].append(range).append("\n");
+    }
+  }
+  return lines;
+}
+
+void addLines(std::string& text, const std::vector<std::string>& lines) {
+  for (const std::string& line : lines) text.append(line).append("\n");
+}
+
+/** A line for each stretch: first and count of the old lines, then of the new ones. */
+std::string changesText(const std::vector<Stretch>& changed) {
+  std::string text;
+  for (const Stretch& stretch : changed) {
+    for (const unsigned number :
+         {stretch.old.first, stretch.old.count, stretch.fresh.first, stretch.fresh.count}) {
+      text += std::to_string(number) + ' ';
+    }
+    text.back() = '\n';
+  }
+  return text;
 }
 
 }  // namespace
@@ -57,8 +99,39 @@ QORN_EXPORT(partSize) std::size_t partSize(int index) {
 
 /** One pass over a text, as the program qorn makes it. Arguments: the text, configurations. */
 QORN_EXPORT(pass) void pass(int keepIndentation, int tabSize) {
+  parts = {};
   const std::string text = takeArgument();
-  parts[PART_TEXT] = formatText(text, takeSettings(keepIndentation, tabSize));
+  parts[PART_TEXT] = formatText(text, settingsOf(takeConfigurations(), keepIndentation, tabSize));
+}
+
+/** Formats as the program qornfmt does; the result is a verdict. Arguments: the name of the text,
+    the text, its lines to format or an empty text for all, configurations. */
+QORN_EXPORT(format) int format(int keepIndentation, int tabSize) {
+  parts = {};
+  const std::string name = takeArgument();
+  const std::string text = takeArgument();
+  const std::string asked = takeArgument();
+  const LineSet lines = readLines(asked);
+  const std::vector<ConfigText> files = takeConfigurations();
+  addLines(parts[PART_COMPLAINTS], checkSettings(files).complaints);
+  const Settings settings = settingsOf(files, keepIndentation, tabSize);
+  const Judgement judgement = judgeContent(name, text, settings, asked.empty() ? nullptr : &lines);
+  addLines(parts[PART_COMPLAINTS], judgement.messages);
+  if (judgement.verdict == Judgement::CHANGED) {
+    parts[PART_TEXT] = judgement.content;
+    parts[PART_CHANGES] = changesText(judgement.changed);
+    parts[PART_DIFF] = diffOf(name, text, judgement);
+  }
+  return judgement.verdict;
+}
+
+/** The table of keys with the values that configurations give them, as JSON; what is wrong with
+    the configurations; and a configuration that gives the same. Arguments: configurations. */
+QORN_EXPORT(keys) void keys() {
+  parts = {};
+  const std::vector<ConfigText> files = takeConfigurations();
+  addLines(parts[PART_COMPLAINTS], checkSettings(files).complaints);
+  parts[PART_TEXT] = keysAsJson(files);
 }
 
 // A hint to the system about pages, which has none to choose here.

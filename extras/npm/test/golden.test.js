@@ -33,7 +33,7 @@ test('golden cases', () => {
     const tabSize = Number(/-t\s*(\d+)/.exec(words)?.[1] ?? 0);
     const { parts } = caller.call(
       'pass',
-      [source, read(`${name}.rc`)],
+      [source, new Uint8Array(), read(`${name}.rc`)],
       [Number(words.includes('-k')), tabSize],
     );
     assert.equal(

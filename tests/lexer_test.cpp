@@ -63,21 +63,32 @@ TEST(LexerTest, Words) {
 }
 
 TEST(LexerTest, EveryReservedWordAndNoOther) {
-  const std::map<std::string, int> words = {
-#define QORN_WORD(name, code, word) {word, code},
+  struct Word {
+    int typ;
+    int edition;  // since which it is reserved
+  };
+  const std::map<std::string, Word> words = {
+#define QORN_WORD(name, code, word) {word, {code, 0}},
+#define QORN_NEWER_WORD(name, code, word, edition) {word, {code, edition}},
 #define QORN_CODE(name, code, group)
 #include "tokens/tokencodes.def"
   };
-  EXPECT_EQ(words.size(), 98U);
-  for (const auto& [word, typ] : words) {
+  EXPECT_EQ(words.size(), 118U);
+  for (const auto& [word, code] : words) {
     std::string upper = word;
     std::ranges::transform(upper, upper.begin(), asciiUpper);
-    EXPECT_EQ(lexed(upper), tokenName(typ) + "(" + upper + ")");
+    EXPECT_EQ(lexed(upper),
+              tokenName(code.edition == 0 ? code.typ : T_IDENTIFIER) + "(" + upper + ")");
     for (std::size_t i = 0; i < word.size(); ++i) {
       for (const char letter : std::string("aez_0\xe5")) {
         std::string other = word;
         other[i] = letter;
-        EXPECT_EQ(findReservedWord(other), words.contains(other) ? words.at(other) : -1) << other;
+        const bool isWord = words.contains(other);
+        for (const int edition : {1993, 2008, 2019}) {
+          EXPECT_EQ(findReservedWord(other, edition),
+                    isWord && words.at(other).edition <= edition ? words.at(other).typ : -1)
+              << other;
+        }
       }
     }
   }

@@ -108,6 +108,8 @@ TEST(SettingCheckTest, SettingsAreShownWithTheirOrigins) {
             "INTERFACEIDENTIFIERLIST WRAPPED     # default\n"
             "ASSOCIATIONLIST         WRAPPED     # default\n"
             "IDENTLENGTH             20          # default\n"
+            "VHDL                    1993        # default\n"
+            "BLOCKHEADER             LIST        # default\n"
             "COMMENTSTARTCOLUMN      9           # a/.qornrc:4\n"
             "EXTENDCOMMENTS          TRUE        # default\n"
             "FRAMEBLOCKCOMMENTS      FALSE       # default\n"

@@ -69,8 +69,9 @@ inline void lexInto(TokenList& list, std::string_view text, LexState& state) {
 }
 
 /** The same from line 1, level 0 and column 0. */
-inline void lexInto(TokenList& list, std::string_view text, int tabSize = 4) {
+inline void lexInto(TokenList& list, std::string_view text, int tabSize = 4, int edition = 1993) {
   LexState state;
+  state.edition = edition;
   state.tabs.YYsetInTabSize(tabSize);
   lexInto(list, text, state);
 }

@@ -20,8 +20,6 @@ class Stack {
 
   /** The value pushed last, or 0 (null) from an empty stack. The storage never shrinks. */
   T pop() { return depth == 0 ? T{} : array[--depth]; }
-  /** The same value, which stays. */
-  T top() const { return depth == 0 ? T{} : array[depth - 1]; }
 
   /** Drops all entries and the storage. */
   void reset() {

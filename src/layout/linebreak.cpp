@@ -57,10 +57,8 @@ namespace {
 /** Tokens that need no more than to be counted as long as the line fits. */
 constexpr auto plainTokens = [] {
   TokenTable<bool> plain(true);
-  for (const int typ : {T_NEWLINE, T_COMMENT, T_FORMAT_ON, T_FORMAT_OFF, T_INDENT_ON, T_INDENT_OFF,
-                        T_STRING, T_CHARACTER}) {
-    plain[typ] = false;
-  }
+  for (const int typ : {T_NEWLINE, T_STRING, T_CHARACTER}) plain[typ] = false;
+  for (int typ = 0; typ < tokenCodeCount; ++typ) plain[typ] = plain[typ] && !isComment(typ);
   return plain;
 }();
 
@@ -167,8 +165,9 @@ int VhdlScanner::WrapLine(LineInHand& line) {
 }
 
 VhdlToken* VhdlScanner::findBreak(const VhdlToken* hopeless) {
-  const AnchorGuard guard(tokenList);
   const VhdlToken* behind = anchorToken();
+  if (isBlockComment(behind->getTyp())) return nullptr;  // it stays beside its code
+  const AnchorGuard guard(tokenList);
   VhdlToken* candidate = nullptr;
   int best = 0;
   bool isBlocked = false;

@@ -103,12 +103,14 @@ void VhdlScanner::readWaveform(int level) {
       case T_INERTIAL:
       case T_TRANSPORT: settings.style == C_A ? startElement(level) : setNextSpaces(1); break;
       case T_WHEN:
+        if (isModern() && getParenLevel() > level) break;
         if (settings.style == C_A) setPrevNewline();
         setIndent(settings.indentation, /*relative*/ 1);
         setTokenIndent();
         isWhenOpen = true;
         break;
       case T_ELSE:
+        if (isModern() && getParenLevel() > level) break;
         isWhenOpen = false;
         if (settings.style == C_A) setNextNewline();
         popIndent();
@@ -134,8 +136,7 @@ void VhdlScanner::VariableAssignment() {
   IndentLine(0);
   setPrevSpaces(blanks);
   popIndent();
-  setIndent(addColumns(getColumn(1), assignmentWidth), /*relative*/ 0);
-  StatementOpen();
+  setIndent(addColumns(getColumn(1), assignmentWidth), /*relative*/ 0, LEVEL_ASSIGNMENT);
 }
 
 void VhdlScanner::SelectedSignalAssignment() {
@@ -145,6 +146,9 @@ void VhdlScanner::SelectedSignalAssignment() {
       case T_EOF: return;
       case T_COMMA:
       case T_SIGASSIGN: setNextNewline(); break;
+      case T_VARASSIGN:
+        if (isModern()) setNextNewline();
+        break;
       case T_SEMICOLON:
         popIndent();
         endLine();

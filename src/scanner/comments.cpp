@@ -1,5 +1,8 @@
 // Comment placement: a comment stays with the code that it stands beside or above. What becomes of
 // a comment that is too long is decided later, when lines are wrapped.
+#include <algorithm>
+
+#include "base/columns.h"
 #include "scanner/vhdlscanner.h"
 
 void VhdlScanner::handleComment() {
@@ -12,6 +15,10 @@ void VhdlScanner::handleComment() {
   } else {
     placeTrailingComment(comment);
   }
+  endCommentLine();
+}
+
+void VhdlScanner::endCommentLine() {
   VhdlToken* behind = stepForward();
   if (behind == nullptr) return;
   if (behind->getTyp() == T_NEWLINE) {
@@ -19,6 +26,41 @@ void VhdlScanner::handleComment() {
   } else {  // a carriage return has ended the comment
     stepBack();
     setNextNewline();
+  }
+}
+
+void VhdlScanner::placeWholeLine(VhdlToken& line) {
+  const int typ = line.getTyp();
+  const int column = getColumn(0);
+  if (isToolLine(typ)) obeyDirective(line);
+  if (typ == T_COMMENTLINE) line.setIndent(std::max(addColumns(column, blockShift), 0));
+  if (typ == T_RAWLINE) line.setIndent(0);
+  IndentLine(0);
+  if (typ == T_BLOCKCOMMENT && prevIsNewline(0) == 0) placeTrailingComment(line);
+  if (typ == T_BLOCKCOMMENT) blockShift = getColumn(1) - column;
+  endCommentLine();
+}
+
+void VhdlScanner::obeyDirective(VhdlToken& directive) {
+  const int typ = directive.getTyp();
+  if (typ == T_IF_DIRECTIVE) {
+    branches.push_back(
+        {indentStack.hold(), indent, statementClosed, inBlockHeader, inConfiguration});
+    return;
+  }
+  if (branches.empty()) return;
+  const Branching& start = branches.back();
+  if (typ == T_ELSE_DIRECTIVE) {
+    indentStack.goBackTo(start.place);
+    indent = start.indent;
+    statementClosed = start.statementClosed;
+    inBlockHeader = start.inBlockHeader;
+    inConfiguration = start.inConfiguration;
+  }
+  if (typ == T_ELSE_DIRECTIVE || typ == T_END_DIRECTIVE) directive.setIndent(start.indent);
+  if (typ == T_END_DIRECTIVE) {
+    indentStack.release();
+    branches.pop_back();
   }
 }
 

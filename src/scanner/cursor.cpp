@@ -26,6 +26,12 @@ constexpr auto spacings = [] {
   table[T_VARASSIGN] = {1,    1,    -1};
   table[T_ARROW]     = {1,    1,     5};
   table[T_SIGASSIGN] = {KEPT, 1,  KEPT};
+  table[T_MATCHEQUAL]         = {1,    1,     5};
+  table[T_OPENEXTERNAL]       = {KEPT, 1,     0};
+  table[T_CLOSEEXTERNAL]      = {1,    KEPT,  4};
+  table[T_PATHDOT]            = {1,    0,    -1};
+  table[T_LBRACE]             = {1,    KEPT, KEPT};
+  table[T_SEQUENCE_SEMICOLON] = {0,    KEPT, 4};
   table[T_DECIMAL]   = {KEPT, KEPT,  0};
   table[T_BASED]     = {KEPT, KEPT,  0};
   // clang-format on
@@ -72,6 +78,11 @@ void VhdlScanner::passNewline() {
 
 void VhdlScanner::passComment(VhdlToken& comment) {
   const int typ = comment.getTyp();
+  if (typ == T_INLINECOMMENT) return;
+  if (isBlockComment(typ) || isToolLine(typ)) {
+    placeWholeLine(comment);
+    return;
+  }
   // The blanks before these still print as formatted, so the comment keeps its column in the input.
   if (typ == T_FORMAT_OFF || typ == T_INDENT_OFF) comment.setIndent(getColumn(0));
   IndentLine(0);

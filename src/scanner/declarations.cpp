@@ -25,13 +25,13 @@ constexpr ObjectWord objectWords[] = {
 void VhdlScanner::objectDeclaration() {
   const int typ = anchorToken()->getTyp();
   const auto* word = std::ranges::find(objectWords, typ, &ObjectWord::typ);
-  if (word->needsName && nextIs(T_IDENTIFIER) == 0) return;
+  if (word->needsName && !isName(typBehindBlanks())) return;
   setNextSpaces(word->blanks);
   alignConstantSignalFile();
 }
 
 void VhdlScanner::Group() {
-  if (nextIs(T_IDENTIFIER) == 0) return;
+  if (!isName(typBehindBlanks())) return;
   setNextSpaces(1);
   alignConstantSignalFile();
   setNextSpaces(1);
@@ -61,7 +61,7 @@ void VhdlScanner::Attribute() {
 
 void VhdlScanner::Type() {
   setIndent(settings.indentation, /*relative*/ 1);
-  if (getNextTokenTyp() != T_IDENTIFIER) return;
+  if (!isName(getNextTokenTyp())) return;
   const int behind = getNextTokenTyp();
   if (behind == T_SEMICOLON) {  // an incomplete type
     popIndent();
@@ -128,6 +128,35 @@ void VhdlScanner::Record() {
   closeElements();
 }
 
+void VhdlScanner::Protected() {
+  if (indentStack.kind() != LEVEL_STATEMENT || statementClosed == 1) {  // no type in hand
+    Identifier();
+    return;
+  }
+  setPrevNewline();
+  if (settings.style != C_A) popTokenIndent();
+  setIndent(settings.indentation, /*relative*/ 1);
+  if (LookForward(1) == T_BODY) getNextToken();
+  endHead(LEVEL_PROTECTED);
+}
+
+void VhdlScanner::View() {
+  if (!opensStatement() || !isName(LookForward(1)) || LookForward(2) != T_OF) {
+    Identifier();
+    return;
+  }
+  setIndent(settings.indentation, /*relative*/ 1);
+  if (!waitFor(T_IS, T_SEMICOLON)) return;
+  setNextNewline();
+  InterfaceList();
+  setPrevNewline();
+  End();
+}
+
+void VhdlScanner::Private() {
+  if (!opensStatement()) Identifier();
+}
+
 void VhdlScanner::Unit() {
   openElements();
   UnitList();
@@ -149,30 +178,54 @@ void VhdlScanner::UnitList() {
 
 void VhdlScanner::Function() {
   setIndent(settings.indentation, /*relative*/ 1);
+  int blanks = 0;  // before the parameters
   for (;;) {
     switch (getNextTokenTyp()) {
       case T_EOF: return;
       case T_LPAREN:
-        settings.style == C_A ? parametersInColumn() : entriesInBlock();
+        settings.style == C_A ? parametersInColumn(blanks) : entriesInBlock();
         setNextSpaces(1);
         break;
+      case T_GENERIC:
+        if (isModern()) genericsOfSubprogram();
+        break;
+      case T_PARAMETER: blanks = 1; break;
       case T_SEMICOLON:  // a declaration
         popIndent();
         endLine();
         return;
-      case T_IS: endHead(); return;  // a body
+      case T_IS:
+        if (!isModern() || LookForward(1) != T_NEW) endHead();  // else an instance
+        return;
       default: break;
     }
   }
 }
 
-void VhdlScanner::parametersInColumn() {
-  setPrevSpaces(0);
+void VhdlScanner::genericsOfSubprogram() {
+  setPrevNewline();
+  if (LookForward(1) != T_LPAREN) return;
+  interfaceBlock(*getNextToken());
+  if (LookForward(1) == T_GENERIC) {
+    getNextToken();
+    PortMap();
+  }
+  const bool hasWord = LookForward(1) == T_PARAMETER;
+  if (!hasWord && LookForward(1) != T_LPAREN) return;
+  getNextToken();
+  setPrevNewline();
+  if (hasWord && getNextTokenTyp() != T_LPAREN) return;
+  settings.style == C_A ? parametersInColumn(1) : entriesInBlock();
+  setNextSpaces(1);
+}
+
+void VhdlScanner::parametersInColumn(int blanks) {
+  setPrevSpaces(blanks);
   IndentLine(0);
   setIndent(getColumn(1), /*relative*/ 0);
   setTokenIndent();
   setIndent(1, /*relative*/ 1);
-  InterfaceList();
+  InterfaceList(/*isOfParameters*/ true);
   popTokenIndent();
   popIndent();
 }

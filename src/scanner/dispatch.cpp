@@ -15,10 +15,13 @@ struct VhdlScanner::Dispatch {
   static constexpr TokenTable<Handler> handlers = [] {
     TokenTable<Handler> table(&VhdlScanner::Default);
     // clang-format off
+    for (int typ = T_ASSUME; typ <= T_VUNIT; ++typ) table[typ] = &VhdlScanner::NewerWord;
     table[T_ALIAS]         = &VhdlScanner::Alias;
     table[T_ARCHITECTURE]  = &VhdlScanner::Architecture;
     table[T_ARRAY]         = &VhdlScanner::Array;
     table[T_ASSERT]        = &VhdlScanner::Assert;
+    table[T_ASSUME]        = &VhdlScanner::Directive;
+    table[T_ASSUME_GUARANTEE] = &VhdlScanner::CheckedDirective;
     table[T_ATTRIBUTE]     = &VhdlScanner::Attribute;
     table[T_BEGIN]         = &VhdlScanner::Begin;
     table[T_BLOCK]         = &VhdlScanner::Block;
@@ -26,6 +29,9 @@ struct VhdlScanner::Dispatch {
     table[T_COMPONENT]     = &VhdlScanner::Component;
     table[T_CONFIGURATION] = &VhdlScanner::Configuration;
     table[T_CONSTANT]      = &VhdlScanner::Constant;
+    table[T_CONTEXT]       = &VhdlScanner::Context;
+    table[T_COVER]         = &VhdlScanner::CheckedDirective;
+    table[T_DEFAULT]       = &VhdlScanner::Directive;
     table[T_ELSE]          = &VhdlScanner::Else;
     table[T_ELSIF]         = &VhdlScanner::Elsif;
     table[T_END]           = &VhdlScanner::End;
@@ -38,19 +44,28 @@ struct VhdlScanner::Dispatch {
     table[T_IDENTIFIER]    = &VhdlScanner::Identifier;
     table[T_IF]            = &VhdlScanner::If;
     table[T_IMPURE]        = &VhdlScanner::Impure;
+    table[T_LBRACE]        = &VhdlScanner::OpenUnit;
     table[T_LBRACKET]      = &VhdlScanner::Bracket;
     table[T_LIBRARY]       = &VhdlScanner::Library;
     table[T_LOOP]          = &VhdlScanner::Loop;
+    table[T_OPENEXTERNAL]  = &VhdlScanner::External;
     table[T_PACKAGE]       = &VhdlScanner::Package;
     table[T_PORT]          = &VhdlScanner::Port;
     table[T_POSTPONED]     = &VhdlScanner::PassOver;
+    table[T_PRIVATE]       = &VhdlScanner::Private;
     table[T_PROCEDURE]     = &VhdlScanner::Procedure;
     table[T_PROCESS]       = &VhdlScanner::Process;
+    table[T_PROPERTY]      = &VhdlScanner::Directive;
+    table[T_PROTECTED]     = &VhdlScanner::Protected;
     table[T_PURE]          = &VhdlScanner::Pure;
+    table[T_RBRACE]        = &VhdlScanner::CloseUnit;
     table[T_RBRACKET]      = &VhdlScanner::Bracket;
     table[T_RECORD]        = &VhdlScanner::Record;
     table[T_REPORT]        = &VhdlScanner::Assert;
+    table[T_RESTRICT]      = &VhdlScanner::Directive;
+    table[T_RESTRICT_GUARANTEE] = &VhdlScanner::CheckedDirective;
     table[T_SEMICOLON]     = &VhdlScanner::SemiColon;
+    table[T_SEQUENCE]      = &VhdlScanner::Directive;
     table[T_SHARED]        = &VhdlScanner::PassOver;
     table[T_SIGASSIGN]     = &VhdlScanner::SignalAssignment;
     table[T_SIGNAL]        = &VhdlScanner::Signal;
@@ -59,6 +74,7 @@ struct VhdlScanner::Dispatch {
     table[T_USE]           = &VhdlScanner::Use;
     table[T_VARASSIGN]     = &VhdlScanner::VariableAssignment;
     table[T_VARIABLE]      = &VhdlScanner::Variable;
+    table[T_VIEW]          = &VhdlScanner::View;
     table[T_WAIT]          = &VhdlScanner::Wait;
     table[T_WHEN]          = &VhdlScanner::When;
     table[T_WHILE]         = &VhdlScanner::While;
@@ -99,7 +115,30 @@ void VhdlScanner::ParameterList() {
   }
 }
 
+bool VhdlScanner::opensStatement() {
+  if (statementClosed == 0 && prevIsLabel() == 0) return false;
+  switch (LookForward(1)) {
+    case T_ATTRIBUTE_NAME:
+    case T_COLON:
+    case T_COMMA:
+    case T_DELIMITER:
+    case T_DOT:
+    case T_SEMICOLON:
+    case T_SIGASSIGN:
+    case T_TICK:
+    case T_VARASSIGN: return false;
+    default: return true;
+  }
+}
+
+void VhdlScanner::External() {
+  setIdentifierIndent();
+  if (!waitFor(T_CLOSEEXTERNAL, T_SEMICOLON)) return;
+  if (anchorToken()->getTyp() == T_SEMICOLON) SemiColon();
+}
+
 void VhdlScanner::SemiColon() {
+  if (indentStack.kind() == LEVEL_CONDITION) popIndent();
   StatementClosed();
   popIndent();
   setNextNewline();

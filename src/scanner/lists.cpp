@@ -33,6 +33,11 @@ void VhdlScanner::Port() {
   }
   const VhdlToken* paren = getNextToken();
   if (paren == nullptr || paren->getTyp() != T_LPAREN) return;
+  interfaceBlock(*paren);
+  if (getNextTokenTyp() == T_SEMICOLON) endLine();
+}
+
+void VhdlScanner::interfaceBlock(const VhdlToken& paren) {
   if (settings.style != C_A) setPrevNewline();
   setIndent(settings.indentation, /*relative*/ 1);
   setPrevSpaces(1);
@@ -41,13 +46,14 @@ void VhdlScanner::Port() {
     InterfaceList();
     setPrevNewline();
   } else {
-    waitForParenClose(paren->getParenLevel());
+    waitForParenClose(paren.getParenLevel());
   }
   popTokenIndent();
-  if (getNextTokenTyp() == T_SEMICOLON) endLine();
 }
 
 void VhdlScanner::PortMap() {
+  const bool hasHead = isModern() || settings.blockHeader == C_WRAPPED;
+  const bool isClause = hasHead && indentStack.kind() == LEVEL_BODY;
   setPrevNewline();
   if (getNextTokenTyp() != T_MAP) return;
   const VhdlToken* paren = getNextToken();
@@ -61,9 +67,13 @@ void VhdlScanner::PortMap() {
   popTokenIndent();
   if (inBlockHeader == 1 && nextIs(T_SEMICOLON) == 1) getNextToken();
   StatementClosed();
+  if (isClause && LookForward(1) == T_SEMICOLON) {
+    getNextToken();
+    setNextNewline();
+  }
 }
 
-void VhdlScanner::InterfaceList() {
+void VhdlScanner::InterfaceList(bool isOfParameters) {
   const int colonOffset = LongestInterfaceIdentifier(longestInterfaceName());
   if (colonOffset == T_EOF) return;
   const VhdlToken* token = getNextToken();
@@ -81,7 +91,39 @@ void VhdlScanner::InterfaceList() {
         alignAt(colonOffset);
         setNextSpaces(1);
         break;
+      case T_INTERFACE_SUBPROGRAM:
+        if (!isOfParameters) interfaceSubprogram();
+        break;
+      case T_INTERFACE_PACKAGE: interfacePackage(); break;
       default: break;
+    }
+  }
+}
+
+void VhdlScanner::interfaceSubprogram() {
+  getNextToken();  // its name
+  if (LookForward(1) == T_PARAMETER) getNextToken();
+  if (LookForward(1) != T_LPAREN) return;
+  const VhdlToken* paren = getNextToken();
+  if (settings.style == C_A) {
+    parametersInColumn(0);
+  } else {
+    waitForParenClose(paren->getParenLevel());
+  }
+  setNextSpaces(1);
+}
+
+void VhdlScanner::interfacePackage() {
+  for (;;) {
+    switch (LookForward(1)) {
+      case T_LPAREN: waitForParenClose(getNextToken()->getParenLevel()); return;
+      case T_IDENTIFIER:
+      case T_DOT:
+      case T_IS:
+      case T_NEW:
+      case T_GENERIC:
+      case T_MAP: getNextToken(); break;
+      default: return;
     }
   }
 }

@@ -58,7 +58,7 @@ int VhdlScanner::prevIsLabel() {
   int hasColon = 0;
   while (const VhdlToken* token = stepBack()) {
     const int typ = token->getTyp();
-    if (typ == T_IDENTIFIER) return hasColon;
+    if (isName(typ)) return hasColon;
     if (typ == T_COLON) {
       hasColon = 1;
     } else if (!isSpacing(typ) && typ != T_POSTPONED) {

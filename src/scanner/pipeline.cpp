@@ -52,6 +52,7 @@ void VhdlScanner::closeInputFile() {
 }
 
 void VhdlScanner::startLex() {
+  lexState.edition = settings.vhdl;
   lexState.tabs.YYsetInTabSize(settings.oldTabsize);
   yylex(sourceText, lexState, tokenList);
 }
@@ -85,6 +86,7 @@ int VhdlScanner::formatSource() {
 void VhdlScanner::Reset() {
   tokenList.deleteAllItems();
   indentStack.reset();
+  branches.clear();
   ruler.reset();
   contextMark = nullptr;
   runEnds = TokenTable<const VhdlToken*>(nullptr);

@@ -87,8 +87,8 @@ void VhdlScanner::endLine() {
   StatementClosed();
 }
 
-void VhdlScanner::endHead() {
-  indentStack.setKind(LEVEL_BODY);
+void VhdlScanner::endHead(IndentKind kind) {
+  indentStack.setKind(kind);
   endLine();
 }
 

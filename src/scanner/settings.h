@@ -21,6 +21,8 @@ struct Settings {
   int tabify = 0;                           // any other value: blanks become tabs
   int interfaceIdentifierList = C_WRAPPED;  // all codes but C_WRAPPED act alike
   int associationList = C_WRAPPED;          // all codes but C_WRAPPED act alike
+  int blockHeader = C_LIST;                 // all codes but C_WRAPPED act alike
+  int vhdl = 1993;                          // edition of the language
   int extendComments = 1;
   int frameBlockComments = 0;
   int keepBackupFile = 1;

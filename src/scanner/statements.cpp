@@ -11,9 +11,10 @@ constexpr int elsifContinuation = 7;  // a wrapped condition, whatever the inden
 }  // namespace
 
 void VhdlScanner::openBody() {
+  const bool isGenerated = anchorToken() != nullptr && anchorToken()->getTyp() == T_GENERATE;
   popTokenIndent();
   setIndent(settings.indentation, /*relative*/ 1);
-  endHead();
+  endHead(isGenerated ? LEVEL_GENERATE : LEVEL_BODY);
 }
 
 void VhdlScanner::BetweenIfThen() {
@@ -36,30 +37,78 @@ void VhdlScanner::Elsif() {
   openBody();
 }
 
-void VhdlScanner::Else() { openBody(); }
+void VhdlScanner::Else() {
+  if (indentStack.kind() == LEVEL_CONDITION) {
+    if (getParenLevel() > 0) return;
+    popIndent();
+    if (settings.style == C_A) setNextNewline();
+    return;
+  }
+  if (isModern() && getParenLevel() > 0) return;  // of a value between parentheses
+  if (!isElseGenerate()) {
+    openBody();
+    return;
+  }
+  popTokenIndent();
+  setIndent(settings.indentation, /*relative*/ 1);
+  if (waitFor(T_GENERATE, T_GENERATE)) endHead(LEVEL_GENERATE);
+}
 
-void VhdlScanner::openAlternative() {
+bool VhdlScanner::isElseGenerate() const {
+  if (!isModern()) return false;
+  return LookForward(1) == T_GENERATE ||
+         (LookForward(2) == T_COLON && LookForward(3) == T_GENERATE);
+}
+
+void VhdlScanner::openAlternative(IndentKind kind) {
   setNextNewline();
   popIndent();
-  setIndent(timesColumns(2, settings.indentation), /*relative*/ 1);
+  setIndent(timesColumns(2, settings.indentation), /*relative*/ 1, kind);
   StatementClosed();
 }
 
 void VhdlScanner::Case() {
   indentUnlessLabelled();
-  if (waitFor(T_IS, T_IS)) openAlternative();
+  if (!waitFor(T_IS, isModern() ? T_GENERATE : T_IS)) return;
+  openAlternative(anchorToken()->getTyp() == T_IS ? LEVEL_BODY : LEVEL_CASE_GENERATE);
 }
 
 void VhdlScanner::When() {
+  if (isModern() && statementClosed == 0) {
+    whenAmidStatement();
+    return;
+  }
+  const IndentKind kind = indentStack.kind();
   popIndent();
   setIndent(settings.indentation, /*relative*/ 1);
   setTokenIndent();
-  if (!waitFor(T_SEMICOLON, T_ARROW)) return;
+  if (!readChoice()) return;
   if (anchorToken()->getTyp() == T_ARROW) {
-    openAlternative();
+    openAlternative(kind);
     return;
   }
   popIndent();  // of an exit or next statement
+  endLine();
+}
+
+bool VhdlScanner::readChoice() {
+  const int level = getParenLevel();
+  do {
+    if (!waitFor(T_SEMICOLON, T_ARROW)) return false;
+  } while (isModern() && anchorToken()->getTyp() == T_ARROW && getParenLevel() > level);
+  return true;
+}
+
+void VhdlScanner::whenAmidStatement() {
+  if (getParenLevel() > 0) return;
+  if (indentStack.kind() == LEVEL_ASSIGNMENT) {
+    if (settings.style == C_A) setPrevNewline();
+    setIndent(settings.indentation, /*relative*/ 1, LEVEL_CONDITION);
+    setTokenIndent();
+    return;
+  }
+  waitForSemiColon();
+  popIndent();
   endLine();
 }
 
@@ -78,13 +127,18 @@ void VhdlScanner::For() {
   for (;;) {
     switch (getNextTokenTyp()) {
       case T_EOF: return;
-      case T_GENERATE:
+      case T_GENERATE: endHead(LEVEL_GENERATE); return;
       case T_LOOP: endHead(); return;
       case T_SEMICOLON:
         popIndent();
         endLine();
         return;
       case T_USE: openBinding(); return;
+      case T_GENERIC:
+      case T_PORT:
+        if (!isModern()) break;
+        openMaps();
+        return;
       case T_END:
         setPrevNewline();
         End();
@@ -108,6 +162,20 @@ void VhdlScanner::openBinding() {
   }
   StatementOpen();
 }
+
+void VhdlScanner::openMaps() {
+  if (inConfiguration == 0) {
+    popIndent();
+    setIndent(settings.indentation, /*relative*/ 1);
+  } else {
+    setIndent(0, /*relative*/ 1);
+  }
+  PortMap();
+}
+
+void VhdlScanner::Directive() { opensStatement() ? Wait() : Identifier(); }
+
+void VhdlScanner::CheckedDirective() { opensStatement() ? Assert() : Identifier(); }
 
 void VhdlScanner::Wait() {
   indentUnlessLabelled();

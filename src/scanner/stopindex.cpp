@@ -36,6 +36,7 @@ constexpr auto nameRoles = [] {
     if (isSpacing(typ)) roles[typ] = NAME_NOTHING;
   }
   for (const int typ : {T_COLON, T_COMMA, T_EQUAL}) roles[typ] = NAME_END;
+  for (const int typ : {T_INTERFACE_SUBPROGRAM, T_INTERFACE_PACKAGE}) roles[typ] = NAME_NONE;
   roles[T_SEMICOLON] = NAME_DROPPED;
   roles[T_RPAREN] = NAME_NOTHING;
   return roles;
@@ -69,6 +70,7 @@ NameWalk walkOverInterfaceNames(const VhdlToken* cursor, int level, int classCol
     switch (nameRole(token.getTyp())) {
       case NAME_PART: length = addColumns(length, token.textLength(1)); break;
       case NAME_CLASS: length = addColumns(length, classColumn); break;
+      case NAME_NONE: length = INT_MAX; break;
       case NAME_END:
         if (length > walk.longest && length <= limit) walk.longest = length;
         length = 0;
@@ -131,6 +133,7 @@ void StopIndex::build(const VhdlToken* cursor) {
       case NAME_END:
       case NAME_DROPPED: nameStart = place; break;
       case NAME_CLASS: ++place.classWords; break;
+      case NAME_NONE: place.columns += INT_MAX; break;
       case NAME_PART: place.columns += node->textLength(1); break;
       case NAME_NOTHING: break;
     }

@@ -30,6 +30,7 @@ enum WordKind : unsigned { MODE_WORD, CLASS_WORD };
 enum NameRole : std::uint8_t {
   NAME_PART,     // it counts
   NAME_CLASS,    // a class word, which counts as the column of class words
+  NAME_NONE,     // what it stands in is no name, and counts as too long for one
   NAME_END,      // the name in front is complete
   NAME_DROPPED,  // what stands in front was none
   NAME_NOTHING,  // it does not count

@@ -1,6 +1,7 @@
 // Design units and structures: library and use clauses, unit heads, components, blocks, processes,
 // `begin` and `end`. A head pushes one indent for its body, `begin` replaces it, `end` pops it, so
 // that a structure leaves the stack as it found it.
+#include "base/columns.h"
 #include "scanner/peek.h"
 #include "scanner/vhdlscanner.h"
 
@@ -14,9 +15,21 @@ constexpr int useContinuation = 4;
 
 bool VhdlScanner::readHead(std::initializer_list<int> head) {
   for (const int typ : head) {
-    if (getNextTokenTyp() != typ) return false;
+    const int next = getNextTokenTyp();
+    if (next != typ && !(typ == T_IDENTIFIER && isName(next))) return false;
+    while (isModern() && typ == T_IDENTIFIER && LookForward(1) == T_DOT) {  // of a library
+      getNextToken();
+      getNextToken();
+    }
   }
   return true;
+}
+
+bool VhdlScanner::isInstantiated() {
+  if (!isModern()) return prevIs(T_COLON) == 1 || prevIs(T_USE) == 1;
+  const VhdlToken* node = anchorToken()->getPrev();
+  while (node != nullptr && isSpacing(typAt(node))) node = node->getPrev();
+  return typAt(node) == T_COLON || typAt(node) == T_USE;
 }
 
 void VhdlScanner::Entity() {
@@ -42,7 +55,20 @@ void VhdlScanner::Package() {
   setIndent(settings.indentation, /*relative*/ 1);
   int name = getNextTokenTyp();
   if (name == T_BODY) name = getNextTokenTyp();
-  if (name == T_IDENTIFIER && readHead({T_IS})) endHead();
+  if (!isName(name) || !readHead({T_IS})) return;
+  if (isModern() && LookForward(1) == T_NEW) return;  // an instance, up to its semicolon
+  endHead();
+}
+
+void VhdlScanner::Context() {
+  if (!opensStatement() || !isName(LookForward(1))) {
+    Identifier();
+  } else if (LookForward(2) != T_IS) {
+    nameClause(libraryContinuation);
+  } else {
+    setIndent(settings.indentation, /*relative*/ 1);
+    if (readHead({T_IDENTIFIER, T_IS})) endHead();
+  }
 }
 
 void VhdlScanner::Component() {
@@ -60,7 +86,13 @@ int VhdlScanner::peekTokenTyp() {
 
 void VhdlScanner::Library() { nameClause(libraryContinuation); }
 
-void VhdlScanner::Use() { nameClause(useContinuation); }
+void VhdlScanner::Use() {
+  const int unit = LookForward(1);
+  if (inConfiguration == 0 && (unit == T_VUNIT || unit == T_VPROP || unit == T_VMODE)) {
+    anchorToken()->setIndent(addColumns(indent, settings.indentation));  // under its binding
+  }
+  nameClause(useContinuation);
+}
 
 void VhdlScanner::nameClause(int continuation) {
   if (settings.style == C_A) {
@@ -75,15 +107,24 @@ void VhdlScanner::nameClause(int continuation) {
   WrappedList(level, T_COMMA, T_SEMICOLON);
   setNextNewline();
   popIndent();
+  if (isModern()) StatementClosed();
 }
 
 void VhdlScanner::Block() {
   indentUnlessLabelled();
-  inBlockHeader = 1;
+  if (settings.blockHeader == C_WRAPPED) {
+    endProcessHead();
+  } else {
+    inBlockHeader = 1;
+  }
 }
 
 void VhdlScanner::Process() {
   indentUnlessLabelled();
+  endProcessHead();
+}
+
+void VhdlScanner::endProcessHead() {
   const int next = LookForward(1);
   if (next == T_LPAREN || next == T_IS) {
     const VhdlToken* token = getNextToken();
@@ -98,17 +139,57 @@ void VhdlScanner::Process() {
 
 void VhdlScanner::Begin() {
   if (inBlockHeader == 1) setPrevNewline();  // nothing in a block's header ends its line
-  popTokenIndent();
-  setNextNewline();
-  setIndent(settings.indentation, /*relative*/ 1, LEVEL_BODY);
-  StatementClosed();
+  stepOut();
+  endLine();
   inBlockHeader = 0;
 }
 
+void VhdlScanner::stepOut() {
+  const IndentKind kind = indentStack.kind();
+  const int step = settings.indentation;
+  popTokenIndent();
+  if (kind == LEVEL_CASE_GENERATE) {
+    anchorToken()->setIndent(addColumns(indent, step));
+    setIndent(timesColumns(2, step), /*relative*/ 1, kind);
+  } else {
+    setIndent(step, /*relative*/ 1, kind == LEVEL_GENERATE ? kind : LEVEL_BODY);
+  }
+}
+
+bool VhdlScanner::endsAlternative() const {
+  const IndentKind kind = indentStack.kind();
+  if (!isModern() || (kind != LEVEL_GENERATE && kind != LEVEL_CASE_GENERATE)) return false;
+  const int next = LookForward(1);
+  return next == T_SEMICOLON || (isName(next) && LookForward(2) == T_SEMICOLON);
+}
+
+bool VhdlScanner::endsSpecification() const {
+  return isModern() && inConfiguration == 0 && LookForward(1) == T_FOR;
+}
+
 void VhdlScanner::End() {
+  if (endsAlternative()) {
+    stepOut();
+    waitForSemiColon();
+    endLine();
+    return;
+  }
+  if (endsSpecification()) {
+    waitForSemiColon();
+    endLine();
+    return;
+  }
+  const IndentKind kind = indentStack.kind();
   popTokenIndent();
   setIndent(settings.indentation, /*relative*/ 1);
   waitForSemiColon();
   popIndent();
+  if (kind == LEVEL_PROTECTED && settings.style == C_A) popIndent();  // of the type
+  endLine();
+}
+
+void VhdlScanner::CloseUnit() {
+  setPrevNewline();
+  popTokenIndent();
   endLine();
 }

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <initializer_list>
 #include <string_view>
+#include <vector>
 
 #include "base/anchorguard.h"
 #include "base/dynstring.h"
@@ -90,6 +91,7 @@ class VhdlScanner {
   VhdlToken* stepForward() { return tokenList.getNext(); }
   VhdlToken* stepBack() { return tokenList.getPrev(); }
   int getParenLevel() const;
+  bool isModern() const { return settings.vhdl >= firstModernEdition; }
   /** Code of the next token, blanks passed over; -1 at the end of the list. */
   int typBehindBlanks() const;
   /** Code of the previous token, blanks passed over; -1 at the head of the list. */
@@ -140,7 +142,7 @@ class VhdlScanner {
   /** setNextNewline behind a head or a whole statement: the next token starts a statement. */
   void endLine();
   /** endLine behind a head, for which a level is open: it holds a body from here on. */
-  void endHead();
+  void endHead(IndentKind kind = LEVEL_BODY);
   /** Starts a line with the anchor token. */
   void setPrevNewline();
   void deleteNewline();
@@ -156,6 +158,12 @@ class VhdlScanner {
   void handleComment();
   void placeOwnLineComment(VhdlToken& comment, bool fresh);
   void placeTrailingComment(VhdlToken& comment);
+  /** Places a line of a comment between delimiters, which moves with the comment's first line, or
+      one for a tool, and ends it. Moves the anchor as handleComment does. */
+  [[gnu::noinline]] void placeWholeLine(VhdlToken& line);  // rare, and not to slow the cursor down
+  void endCommentLine();
+  /** Each branch of a conditional directive starts from the state before the first. */
+  void obeyDirective(VhdlToken& directive);
 
   // --- Cursor (cursor.cpp): how every handler reads. The anchor is left on the token returned ---
 
@@ -175,8 +183,13 @@ class VhdlScanner {
   void Default();
   void Identifier();
   void ParameterList();
+  /** For a word that may be a name: handles it as one. */
+  void NewerWord() { Identifier(); }
+  /** Does a statement begin with the anchor, in which it can be no name? */
+  bool opensStatement();
   void SemiColon();
   void Bracket();
+  void External();
   void PassOver() {}
   void waitForSemiColon();
   /** Reads on to the closing parenthesis of that level. */
@@ -194,10 +207,11 @@ class VhdlScanner {
   /** While it lives, tokens are read and laid out but not consumed. */
   class Peek;
   int peekTokenTyp();
-  bool isInstantiated() const { return prevIs(T_COLON) == 1 || prevIs(T_USE) == 1; }
+  bool isInstantiated();
   void Entity();
   void Architecture();
   void Package();
+  void Context();
   void Configuration();
   void Component();
   void Library();
@@ -205,8 +219,18 @@ class VhdlScanner {
   void nameClause(int continuation);
   void Block();
   void Process();
+  void endProcessHead();
   void Begin();
   void End();
+  /** `end;` or `end LABEL;` of an alternative of a generate statement, which goes on. */
+  bool endsAlternative() const;
+  /** `end for;` of a configuration specification, whose semicolon has closed its level. */
+  bool endsSpecification() const;
+  /** The anchor goes out to the level of the head of its structure, whose next part stands behind;
+      in a case generate statement to that of the choice. */
+  void stepOut();
+  void OpenUnit() { endHead(); }
+  void CloseUnit();
 
   // --- Declarations (declarations.cpp) ---
 
@@ -221,6 +245,9 @@ class VhdlScanner {
   void Type();
   void Array();
   void Record();
+  void Protected();
+  void View();
+  void Private();
   void Unit();
   void UnitList();
   void Function();
@@ -231,7 +258,9 @@ class VhdlScanner {
      head; the parenthesis alone on its line. One indent stays for the semicolon. */
   void entriesInBlock();
   void entryBlock();
-  void parametersInColumn();
+  /** With that many blanks before the parenthesis. */
+  void parametersInColumn(int blanks);
+  void genericsOfSubprogram();
   bool hasSeveralIndexRanges();
   void openElements();
   void closeElements();
@@ -243,8 +272,15 @@ class VhdlScanner {
 
   void Port();
   void PortMap();
-  /** The anchor on or just behind the opening token; left on the closing one. */
-  void InterfaceList();
+  /** The list of a clause in a block one step in; the parenthesis at the end of its line. */
+  void interfaceBlock(const VhdlToken& paren);
+  /** The anchor on or just behind the opening token; left on the closing one. Only a list that is
+      none of parameters can hold subprograms, with parameters of their own. */
+  void InterfaceList(bool isOfParameters = false);
+  // Entries of a list of generics: from the anchor's word to the end of its own list, if it has
+  // one.
+  void interfaceSubprogram();
+  void interfacePackage();
   void AssociationList(int level);
   void WrappedList(int level, int separator, int stop);
   /** Blanks before the anchor that bring it to the width behind the indent; at least 1. */
@@ -275,19 +311,29 @@ class VhdlScanner {
   /** Behind the last word of a head: the body stands one step in from the head. */
   void openBody();
   /** Behind `is` or the arrow of a choice: the statements stand two steps in from `case`. */
-  void openAlternative();
+  void openAlternative(IndentKind kind);
   void openBinding();
+  /** At the maps of a binding without an entity. */
+  void openMaps();
   void If();
   void BetweenIfThen();
   void Elsif();
   void Else();
+  bool isElseGenerate() const;
   void Case();
   void When();
+  /** Behind a statement's first word: a condition, up to the semicolon or, of a value, `else`. */
+  void whenAmidStatement();
+  /** Reads on to the arrow of the choice, or to a semicolon. False if the input ended first. */
+  bool readChoice();
   void For();
   void While();
   void Loop();
   void Wait();
   void Assert();
+  // Of properties.
+  void Directive();
+  void CheckedDirective();
 
   // --- Assignments (assignments.cpp) ---
 
@@ -359,6 +405,15 @@ class VhdlScanner {
   int statementClosed = 1;  // 1 when no statement is open
   int inBlockHeader = 0;    // 1 until the begin of a block
   int inConfiguration = 0;  // 1 inside a configuration
+  struct Branching {        // the state before a conditional directive
+    IndentStack::Place place;
+    int indent;
+    int statementClosed;
+    int inBlockHeader;
+    int inConfiguration;
+  };
+  std::vector<Branching> branches;  // of the conditional directives that are open
+  int blockShift = 0;               // columns that the comment in hand has moved to the right
 
   // What survives Reset: line numbers run on from file to file.
   LexState lexState;

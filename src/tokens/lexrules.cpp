@@ -96,6 +96,8 @@ std::size_t matchSpaces(const char* at) {
   return static_cast<std::size_t>(here - at);
 }
 
+std::size_t matchInteger(const char* at) { return matchDigits(at, DIGIT); }
+
 std::size_t matchDecimal(const char* at) {
   const std::size_t integer = matchDigits(at, DIGIT);
   if (integer == 0) return 0;

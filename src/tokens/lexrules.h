@@ -42,6 +42,8 @@ constexpr auto charClasses = [] {
 /** A letter, then letters and digits, each with at most one `_` before it. */
 [[nodiscard]] std::size_t matchIdentifier(const char* at);
 [[nodiscard]] std::size_t matchBlanks(const char* at);
+/** Digits, each with at most one `_` before it. */
+[[nodiscard]] std::size_t matchInteger(const char* at);
 /** Blanks of the commonest kind alone. */
 [[nodiscard]] std::size_t matchSpaces(const char* at);
 /** Decimal literal with fraction and exponent; a negative exponent needs the fraction. */

@@ -10,10 +10,12 @@ namespace {
 struct Word {
   std::string_view text;
   int typ;
+  int edition = 0;  // since which it is reserved
 };
 
 constexpr Word keywords[] = {
 #define QORN_WORD(name, code, word) {word, name},
+#define QORN_NEWER_WORD(name, code, word, edition) {word, name, edition},
 #define QORN_CODE(name, code, group)
 #include "tokens/tokencodes.def"
 };
@@ -40,7 +42,7 @@ constexpr unsigned folded(char letter) {
   return static_cast<unsigned char>(letter) | caseBit;
 }
 
-constexpr int slotBits = 10;
+constexpr int slotBits = 11;
 constexpr std::size_t slotCount = std::size_t{1} << slotBits;
 
 /** A hash of the word's length and of the four letters that tell words of one length apart.
@@ -79,14 +81,14 @@ constexpr auto wordSlots = [] {
 
 }  // namespace
 
-int findReservedWord(std::string_view word) {
+int findReservedWord(std::string_view word, int edition) {
   if (word.size() < shortestWord || word.size() > longestWord) return -1;
   const std::size_t place = wordSlots[slotOf(word, spreadingFactor)];
   if (place == 0) return -1;
   const Word& found = keywords[place - 1];
   if (found.text.size() != word.size()) return -1;
   for (std::size_t i = 0; i < word.size(); ++i) {
-    if (folded(word[i]) != static_cast<unsigned char>(found.text[i])) return -1;
+    if (folded(word[i]) != folded(found.text[i])) return -1;
   }
-  return found.typ;
+  return found.edition <= edition ? found.typ : -1;
 }

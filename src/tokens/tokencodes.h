@@ -26,8 +26,13 @@ enum ConfigCode : int {
 enum CaseGroup : int { CASE_ASIS, CASE_KEYWORD, CASE_IDENTIFIER, CASE_ATTRIBUTE, CASE_NUMBER };
 constexpr int caseGroupCount = CASE_NUMBER + 1;
 
-constexpr int tokenCodeCount = T_INDENT_OFF + 1;  // free codes included
-static_assert(T_INDENT_OFF - T_FORMAT_ON == 3, "the pragmas are neighbours, and no code is larger");
+constexpr int tokenCodeCount = T_END_DIRECTIVE + 1;  // free codes included
+static_assert(T_INDENT_OFF - T_FORMAT_ON == 3, "the pragmas are neighbours");
+static_assert(T_INLINECOMMENT < T_FORMAT_ON && T_INDENT_OFF < T_RAWLINE,
+              "and between the comments of one kind and lines that are no code of the other");
+
+/** From that edition of the language on its newer constructs are read as such. */
+constexpr int firstModernEdition = 2008;
 
 /** A table with one entry for each token code; `fill` where none is set. */
 template <typename T>
@@ -47,8 +52,9 @@ class TokenTable {
   std::array<T, tokenCodeCount> entries;
 };
 
-/** The reserved word's code, in whatever case it is written, or -1. */
-[[nodiscard]] int findReservedWord(std::string_view word);
+/** The code of a word that is reserved in an edition of the language, in whatever case it is
+    written, or -1. */
+[[nodiscard]] int findReservedWord(std::string_view word, int edition);
 
 constexpr auto caseGroups = [] {
   TokenTable<CaseGroup> groups(CASE_KEYWORD);
@@ -64,11 +70,24 @@ constexpr auto caseGroups = [] {
 /** A comment that switches the layout or the output. */
 [[nodiscard]] constexpr bool isPragma(int typ) { return typ >= T_FORMAT_ON && typ <= T_INDENT_OFF; }
 
-/** Any comment, pragma comments included: no part of the code around it. */
-[[nodiscard]] constexpr bool isComment(int typ) { return typ == T_COMMENT || isPragma(typ); }
+/** Any comment, pragma comments, tool directives and encrypted lines included: no part of the code
+    around it. */
+[[nodiscard]] constexpr bool isComment(int typ) {
+  return typ == T_COMMENT || (typ >= T_INLINECOMMENT && typ <= T_END_DIRECTIVE);
+}
 
-/** A comment behind which nothing stands on its line. */
-[[nodiscard]] constexpr bool endsLine(int typ) { return isComment(typ); }
+/** One of them behind which nothing stands on its line. */
+[[nodiscard]] constexpr bool endsLine(int typ) { return isComment(typ) && typ != T_INLINECOMMENT; }
+
+/** A line of its own for a tool, which no setting touches. */
+[[nodiscard]] constexpr bool isToolLine(int typ) {
+  return typ >= T_RAWLINE && typ <= T_END_DIRECTIVE;
+}
+
+/** One line of a comment between delimiters, with nothing behind it. */
+[[nodiscard]] constexpr bool isBlockComment(int typ) {
+  return typ == T_BLOCKCOMMENT || typ == T_COMMENTLINE;
+}
 
 /** What the eye passes over: blanks, line ends and comments. */
 [[nodiscard]] constexpr bool isSpacing(int typ) {
@@ -77,8 +96,14 @@ constexpr auto caseGroups = [] {
 
 /** Literals and comments that keep the tabs of their source text. */
 [[nodiscard]] constexpr bool keepsTabs(int typ) {
-  return typ == T_STRING || typ == T_CHARACTER || isPragma(typ);
+  return typ == T_STRING || typ == T_CHARACTER || (typ >= T_FORMAT_ON && typ <= T_END_DIRECTIVE);
 }
+
+/** A word that older sources have as a name; it may stand wherever a name does. */
+[[nodiscard]] constexpr bool isNewerWord(int typ) { return typ >= T_ASSUME && typ <= T_VUNIT; }
+
+/** May a name be written so? */
+[[nodiscard]] constexpr bool isName(int typ) { return typ == T_IDENTIFIER || isNewerWord(typ); }
 
 /** The class words of an interface list or a declaration. */
 [[nodiscard]] constexpr bool isClassWord(int typ) {

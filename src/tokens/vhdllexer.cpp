@@ -2,11 +2,14 @@
 // equal ones the more special. A NUL byte ends the stored text of its token.
 #include "tokens/vhdllexer.h"
 
+#include <algorithm>
 #include <array>
 #include <climits>
+#include <vector>
 
 #include "base/fatal.h"
 #include "tokens/lexrules.h"
+#include "tokens/modernrules.h"
 #include "tokens/tokencodes.h"
 #include "tokens/vhdltoken.h"
 
@@ -44,11 +47,6 @@ constexpr auto punctuations = [] {
   return table;
 }();
 
-struct Match {
-  int typ;
-  std::size_t length;
-};
-
 /** The text of every T_BAR, with its padding. */
 constexpr char barRoom[1 + VhdlToken::textPadding] = "|";
 constexpr std::string_view barText(barRoom, 1);
@@ -56,11 +54,20 @@ constexpr std::string_view barText(barRoom, 1);
 /** The rule has appended its token, or there was none. */
 constexpr Match alreadyAdded{T_UNKNOWN, 0};
 
-/** Cuts one source into tokens. The line feed behind the end of the source lets no rule pass. */
+/** There was nothing. */
+constexpr Match noMatch{0, 0};
+
+Match orNoMatch(Match match) { return match.length > 0 ? match : noMatch; }
+
+/** Cuts one source into tokens, which `isModern` says by the rules of which editions; a source of
+   an older one pays nothing for the newer rules. The line feed behind the end of the source lets no
+   rule pass. */
+template <bool isModern>
 class Lexer {
  public:
   Lexer(const SourceText& source, LexState& counters, TokenList& list)
-      : at(source.begin()),
+      : begin(source.begin()),
+        at(begin),
         end(source.end()),
         isOdd(source.view().find('\0') != std::string_view::npos || source.view().size() > INT_MAX),
         state(counters),
@@ -72,7 +79,7 @@ class Lexer {
   // Each finds the token at `at`. Those whose texts are not as in the source add it themselves and
   // go on behind it.
   Match matchNext();
-  Match matchWord() const;
+  Match matchWord();
   Match matchWhitespace();
   Match matchNumber() const;
   Match matchSpecial();
@@ -81,6 +88,17 @@ class Lexer {
   Match matchTick();
   Match matchPunctuation() const;
   Match orPunctuation(Match match) const;
+
+  // What only the newer editions have; `noMatch` where the older rules are to be asked.
+  Match matchModern();
+  Match matchModernMark();
+  Match matchBrace();
+  Match matchOpenComment();
+  Match matchProtected();
+  Match matchDirective();
+  Match openComment();
+  /** The code of a word that in one place or another is no plain one. */
+  int typInContext(int word);
 
   /** The text of that length, which is passed over. */
   std::string_view take(std::size_t length) {
@@ -101,20 +119,30 @@ class Lexer {
   VhdlToken& addExpanded(int typ, std::size_t length);
   Match addBlanks(std::size_t length);
 
+  const char* begin;
   const char* at;
   const char* end;
   bool isOdd;  // does the source hold NUL bytes, or texts whose length is no integer?
   bool isEnded = false;
+  const char* pathDot = nullptr;     // the dot that opens the path of an external name
+  bool awaitsUnit = false;           // has the head of a verification unit begun?
+  bool isInRepetition = false;       // is a bracket of a sequence open?
+  bool isProtected = false;          // does text for other tools follow?
+  const char* commentEnd = nullptr;  // of the comment between delimiters in hand
+  int braceLevel = 0;                // of sequences
+  std::vector<int> branchLevels;  // of parentheses, before each conditional directive that is open
   LexState& state;
   TokenList& yytoklist;
 };
 
-std::string_view Lexer::storable(std::string_view text) {
+template <bool isModern>
+std::string_view Lexer<isModern>::storable(std::string_view text) {
   if (text.size() > INT_MAX) outOfMemory();
   return text.substr(0, text.find('\0'));
 }
 
-void Lexer::add(Match match) {
+template <bool isModern>
+void Lexer<isModern>::add(Match match) {
   const std::string_view text = take(match.length);
   state.tabs.advance(text.size());
   addToken(match.typ, text);
@@ -125,7 +153,8 @@ void Lexer::add(Match match) {
   }
 }
 
-VhdlToken& Lexer::addExpanded(int typ, std::size_t length) {
+template <bool isModern>
+VhdlToken& Lexer<isModern>::addExpanded(int typ, std::size_t length) {
   const std::string_view source = take(length);
   std::string_view text = state.tabs.ReplaceTabs(source);
   if (text.data() != source.data()) {
@@ -135,7 +164,8 @@ VhdlToken& Lexer::addExpanded(int typ, std::size_t length) {
   return addToken(typ, text);
 }
 
-Match Lexer::addBlanks(std::size_t length) {
+template <bool isModern>
+Match Lexer<isModern>::addBlanks(std::size_t length) {
   const int blanks = state.tabs.countBlanks({at, length});
   if (blanks < 0) {  // form feeds and vertical tabs stay
     addExpanded(T_WHITESPACE, length);
@@ -146,17 +176,21 @@ Match Lexer::addBlanks(std::size_t length) {
   return alreadyAdded;
 }
 
-Match Lexer::matchWord() const {
+template <bool isModern>
+Match Lexer<isModern>::matchWord() {
   const std::size_t length = matchIdentifier(at);
   if (length == 1) {
     const std::size_t bits = matchBitString(at);
     return bits > 0 ? Match{T_BITSTRING, bits} : Match{T_IDENTIFIER, 1};
   }
-  const int word = findReservedWord({at, length});
-  return {word == -1 ? static_cast<int>(T_IDENTIFIER) : word, length};
+  const int word = findReservedWord({at, length}, state.edition);
+  if (word == -1) return {T_IDENTIFIER, length};
+  if constexpr (isModern) return {typInContext(word), length};
+  return {word, length};
 }
 
-Match Lexer::matchWhitespace() {
+template <bool isModern>
+Match Lexer<isModern>::matchWhitespace() {
   const std::size_t spaces = matchSpaces(at);
   if (hasClass(at[spaces], BLANK)) return addBlanks(matchBlanks(at));
   state.tabs.advance(spaces);
@@ -164,12 +198,14 @@ Match Lexer::matchWhitespace() {
   return alreadyAdded;
 }
 
-Match Lexer::matchNumber() const {
+template <bool isModern>
+Match Lexer<isModern>::matchNumber() const {
   const std::size_t based = matchBased(at);
   return based > 0 ? Match{T_BASED, based} : Match{T_DECIMAL, matchDecimal(at)};
 }
 
-Match Lexer::matchSpecial() {
+template <bool isModern>
+Match Lexer<isModern>::matchSpecial() {
   switch (*at) {
     case '\n': return at == end ? matchEnd() : Match{T_NEWLINE, 1};
     case '\r': ++at; return alreadyAdded;
@@ -189,13 +225,15 @@ Match Lexer::matchSpecial() {
   }
 }
 
-Match Lexer::matchEnd() {
+template <bool isModern>
+Match Lexer<isModern>::matchEnd() {
   isEnded = true;
   addToken(T_EOF, /*blanks*/ 0);
   return alreadyAdded;
 }
 
-Match Lexer::matchCommentOrDelimiter() {
+template <bool isModern>
+Match Lexer<isModern>::matchCommentOrDelimiter() {
   if (at[1] != '-') return {T_DELIMITER, 1};
   const int typ = commentTyp(at);
   if (typ != T_COMMENT) return {typ, matchComment(at)};
@@ -203,7 +241,8 @@ Match Lexer::matchCommentOrDelimiter() {
   return alreadyAdded;
 }
 
-Match Lexer::matchTick() {
+template <bool isModern>
+Match Lexer<isModern>::matchTick() {
   if (isTickBeforeLiteral(at)) return {T_TICK, 1};
   if (isCharacterLiteral(at)) return {T_CHARACTER, 3};
   const std::size_t attribute = matchAttribute(at);
@@ -212,7 +251,8 @@ Match Lexer::matchTick() {
   return alreadyAdded;
 }
 
-Match Lexer::matchPunctuation() const {
+template <bool isModern>
+Match Lexer<isModern>::matchPunctuation() const {
   const Punctuation& entry = punctuations[static_cast<unsigned char>(*at)];
   for (const auto& compound : entry.compounds) {
     if (compound.second == at[1]) return {compound.typ, 2};
@@ -220,26 +260,138 @@ Match Lexer::matchPunctuation() const {
   return {entry.alone, 1};
 }
 
-Match Lexer::orPunctuation(Match match) const {
+template <bool isModern>
+Match Lexer<isModern>::orPunctuation(Match match) const {
   return match.length > 0 ? match : matchPunctuation();
 }
 
-Match Lexer::matchNext() {
+template <bool isModern>
+Match Lexer<isModern>::matchNext() {
+  if constexpr (isModern) {
+    const Match match = matchModern();
+    if (match.typ != noMatch.typ) return match;
+  }
   if (hasClass(*at, LETTER)) return matchWord();
   if (hasClass(*at, BLANK)) return matchWhitespace();
   if (hasClass(*at, DIGIT)) return matchNumber();
   return matchSpecial();
 }
 
-void Lexer::addTokens() {
+template <bool isModern>
+void Lexer<isModern>::addTokens() {
+  if constexpr (isModern) state.parenLevel = 0;
   while (!isEnded) {
     const Match match = matchNext();
     if (match.length > 0) add(match);
   }
 }
 
+// --- The newer editions ---
+
+template <bool isModern>
+Match Lexer<isModern>::matchModern() {
+  if (at < commentEnd) return matchOpenComment();
+  if (isProtected) return matchProtected();
+  if (hasClass(*at, LETTER | DIGIT)) return matchModernBitString(at);
+  return hasClass(*at, BLANK) ? noMatch : matchModernMark();
+}
+
+template <bool isModern>
+Match Lexer<isModern>::matchModernMark() {
+  switch (*at) {
+    case '!': return {T_BAR, 1};
+    case '\'': return orNoMatch({T_ATTRIBUTE_NAME, matchModernAttribute(at)});
+    case '.': return at == pathDot ? Match{T_PATHDOT, 1} : noMatch;
+    case '/': return at[1] == '*' ? openComment() : noMatch;
+    case '`': return isLineStart(at, begin) ? matchDirective() : noMatch;
+    case '{':
+    case '}':
+    case ']':
+    case ';': return matchBrace();
+    case '<':
+      if (at[1] == '<') pathDot = at + matchBeforePath(at);
+      return matchOperator(at);
+    case '[': {
+      const Match match = matchOperator(at);
+      isInRepetition = match.length > 0;
+      return match;
+    }
+    case '?':
+    case '>':
+    case '|':
+    case '-':
+    case '&': return matchOperator(at);
+    default: return noMatch;
+  }
+}
+
+template <bool isModern>
+int Lexer<isModern>::typInContext(int word) {
+  if (word == T_VUNIT || word == T_VPROP || word == T_VMODE) awaitsUnit = true;
+  if (state.parenLevel == 0) return word;
+  if (word == T_FUNCTION || word == T_PROCEDURE) return T_INTERFACE_SUBPROGRAM;
+  return word == T_PACKAGE ? static_cast<int>(T_INTERFACE_PACKAGE) : word;
+}
+
+// Semicolons in the braces of a sequence end no statement; the braces of a unit hold declarations.
+template <bool isModern>
+Match Lexer<isModern>::matchBrace() {
+  const bool opensUnit = awaitsUnit && *at == '{';
+  const bool closesUnit = braceLevel == 0 && *at == '}';
+  if (*at == '{' || *at == ';') awaitsUnit = false;
+  if (opensUnit) return {T_LBRACE, 1};
+  if (closesUnit) return {T_RBRACE, 1};
+  if (*at == ']' && !isInRepetition) return noMatch;
+  if (*at == ';') return braceLevel > 0 ? Match{T_SEQUENCE_SEMICOLON, 1} : noMatch;
+  isInRepetition = false;
+  if (*at == '{') ++braceLevel;
+  if (*at == '}') --braceLevel;
+  return {T_MATCHING, 1};
+}
+
+// A token a line, so that none but an extended identifier holds a line end.
+template <bool isModern>
+Match Lexer<isModern>::openComment() {
+  commentEnd = at + matchBlockComment(at, end);
+  const char* lineEnd = std::find(at, commentEnd, '\n');
+  const bool isInline = lineEnd == commentEnd && !isLineOver(commentEnd);
+  addExpanded(isInline ? T_INLINECOMMENT : T_BLOCKCOMMENT, lengthOfLine(at, lineEnd));
+  return alreadyAdded;
+}
+
+template <bool isModern>
+Match Lexer<isModern>::matchOpenComment() {
+  if (*at == '\n' || *at == '\r') return noMatch;
+  if (hasClass(*at, BLANK)) return addBlanks(matchBlanks(at));
+  const char* lineEnd = std::find(at, commentEnd, '\n');
+  addExpanded(T_COMMENTLINE, lengthOfLine(at, lineEnd));
+  return alreadyAdded;
+}
+
+template <bool isModern>
+Match Lexer<isModern>::matchDirective() {
+  const int typ = directiveTyp(at);
+  isProtected = opensProtected(at);
+  if (typ == T_IF_DIRECTIVE) branchLevels.push_back(state.parenLevel);
+  if (!branchLevels.empty() && typ == T_ELSE_DIRECTIVE) state.parenLevel = branchLevels.back();
+  if (!branchLevels.empty() && typ == T_END_DIRECTIVE) branchLevels.pop_back();
+  return {typ, matchRestOfLine(at)};
+}
+
+template <bool isModern>
+Match Lexer<isModern>::matchProtected() {
+  if (*at == '\n' || *at == '\r') return noMatch;
+  if (!closesProtected(at)) return {T_RAWLINE, matchRestOfLine(at)};
+  isProtected = false;
+  return *at == '`' ? matchDirective() : noMatch;
+}
+
 }  // namespace
 
 void yylex(const SourceText& source, LexState& state, TokenList& yytoklist) {
-  Lexer(source, state, yytoklist).addTokens();
+  if (state.edition >= firstModernEdition) {
+    Lexer<true>(source, state, yytoklist).addTokens();
+  } else {
+    Lexer<false>(source, state, yytoklist).addTokens();
+  }
 }

@@ -10,8 +10,9 @@
 
 /** What runs on from one source of a run to the next. */
 struct LexState {
+  int edition = 1993;  // of the language
   int line = 1;
-  int parenLevel = 0;
+  int parenLevel = 0;  // of a modern source counted from 0 again
   TabExpander tabs;
 };
 

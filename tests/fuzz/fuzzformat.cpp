@@ -1,5 +1,5 @@
 // The whole pipeline. A text that begins with # and nine bytes chooses its settings by them; any
-// other text gets the defaults.
+// other text gets the defaults, and then the keys for the newest language.
 //
 // Checked on the list behind the passes and on the output: no token is lost, moved or changed but
 // in its blanks, comments keep their words, what stands behind "--QORN-OFF" comes back, and the
@@ -32,7 +32,11 @@ constexpr Choice choices[] = {
     {&Settings::indentation, 2, {4, 0, 1, 2, 3, 8, 40, 100}},
     {&Settings::identLength, 3, {20, 0, 1, 5, 10, 30, 80, 1000}},
     {&Settings::commentStartColumn, 4, {40, -1, 0, 1, 20, 60, 79, 200}},
+    {&Settings::blockHeader,
+     4,
+     {C_LIST, C_WRAPPED, C_WRAPPED, C_LIST, C_A, C_B, C_LIST, C_WRAPPED}},
     {&Settings::oldTabsize, 5, {4, 0, 1, 2, 3, 8, 16, 100}},
+    {&Settings::vhdl, 5, {1993, 2019, 2008, 2019, 1987, 2008, 2019, 0}},
     {&Settings::tabSize, 6, {4, 0, 1, 2, 3, 8, 16, 100}},
     {&Settings::tabify, 6, {0, 0, 0, 0, 1, 1, 1, 1}},
     {&Settings::style, 7, {C_A, C_B, C_A, C_B, C_A, C_B, C_A, C_B}},
@@ -178,15 +182,8 @@ void requireSettled(const Settings& settings, std::string_view text) {
   require(formatUntilSettled(result.text, settings).text == result.text, "a result stays", text);
 }
 
-}  // namespace
-
-int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  const std::string_view input = viewInput(data, size);
-  const bool isConfigured = size >= headerSize && input[0] == '#';
-  const std::string_view header = input.substr(0, isConfigured ? headerSize : 0);
-  const std::string_view text = input.substr(header.size());
-  const Settings settings = settingsBy(header);
-  const std::vector<Lexed> source = lexed(text, settings.oldTabsize);
+void requireAll(const Settings& settings, std::string_view text) {
+  const std::vector<Lexed> source = lexed(text, settings.oldTabsize, settings.vhdl);
   VhdlScanner scanner(settings);
   const std::string output = formatted(scanner, text);
   TokenList& list = ScannerProbe::tokenList(scanner);
@@ -198,5 +195,20 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   requireOffComesBack(settings, text, source);
   require(formatText(text, settings) == output, "the library does the same", text);
   requireSettled(settings, text);
+}
+
+}  // namespace
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const std::string_view input = viewInput(data, size);
+  const bool isConfigured = size >= headerSize && input[0] == '#';
+  const std::string_view header = input.substr(0, isConfigured ? headerSize : 0);
+  const std::string_view text = input.substr(header.size());
+  Settings settings = settingsBy(header);
+  requireAll(settings, text);
+  if (isConfigured) return 0;
+  settings.vhdl = 2019;
+  settings.blockHeader = C_WRAPPED;
+  requireAll(settings, text);
   return 0;
 }

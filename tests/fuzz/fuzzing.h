@@ -51,10 +51,11 @@ struct Lexed {
 };
 
 /** The tokens of a text, T_EOF included. */
-inline std::vector<Lexed> lexed(std::string_view text, int tabSize = 4) {
+inline std::vector<Lexed> lexed(std::string_view text, int tabSize = 4, int edition = 1993) {
   SourceText source;
   source.set(text);
   LexState state;
+  state.edition = edition;
   state.tabs.YYsetInTabSize(tabSize);
   TokenList list;
   yylex(source, state, list);

@@ -39,9 +39,11 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   require(tokens.back().typ == T_EOF && tokens.back().text.empty(), "the end closes the list");
   require(std::ranges::count(tokens, T_EOF, &Lexed::typ) == 1, "there is one end");
   if (input.find('\0') != input.npos) return 0;  // ends the text of its token
-  std::string joined;
-  for (const Lexed& token : tokens) joined += token.text;
-  require(comparable(joined, input) == comparable(input, input), "texts give the input", joined);
+  for (const int edition : {1993, 2019}) {
+    std::string joined;
+    for (const Lexed& token : lexed(input, /*tabSize*/ 4, edition)) joined += token.text;
+    require(comparable(joined, input) == comparable(input, input), "texts give the input", joined);
+  }
   requireSameAlone(tokens);
   return 0;
 }

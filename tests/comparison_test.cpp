@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 
 namespace {
@@ -18,7 +19,7 @@ std::string verdict(std::string_view old, std::string_view fresh) {
   if (!comparison.fault) return "";
   constexpr std::string_view front = "formatting would ";
   const std::string message = comparison.fault->message.substr(front.size());
-  return message.substr(0, message.find("; put"));
+  return message.substr(0, std::min(message.find("; put"), message.find("; set")));
 }
 
 template <std::size_t count>
@@ -73,7 +74,8 @@ TEST(Comparison, RefusesOtherTokens) {
       {"{a |=> b[*2]}", "{a |=> b[ * 2]}", "take \"[*\" apart"},
       {"a - - b", "a -- b", "turn \"-\" into a comment"},
       {"a : = b", "a := b", "join \":\" and \"=\""},
-      {"a\rb", "ab", "join \"a\" and \"b\""},
+      {"a\rb", "ab", "drop a carriage return inside the line"},
+      {"a b\r\n", "ab\n", "join \"a\" and \"b\""},
       {"a b c", "a c", "lose \"b\""},
       {"a c", "a b c", "add \"b\""},
       {"\\Name\\", "\\name\\", "change \"\\Name\\\" to \"\\name\\\""},
@@ -89,7 +91,8 @@ TEST(Comparison, RefusesOtherComments) {
       {"-- a b", "-- a", "lose \"b\""},
       {"-- a B", "-- a b", "change \"B\" to \"b\""},
       {"-- a\nb;", "-- a b;", "turn \"b\" into a comment"},
-      {"-- a\rb;", "-- a\nb;", "take \"b;\" out of its comment"},
+      {"-- a\rb;", "-- a\nb;", "drop a carriage return inside the line"},
+      {"-- a b;", "-- a\nb;", "take \"b;\" out of its comment"},
       {"/* a\n-- b */", "/* a -- b */", "change lines that have to stay as they are"},
       {"/* It */", "/* it */", "change \"It\" to \"it\""},
   });

@@ -9,6 +9,7 @@ namespace {
 
 constexpr std::size_t longestShown = 40;
 constexpr std::string_view remedy = "; put --QORN-OFF in front of it";
+constexpr std::string_view remedyOfPsl = "; set VHDL 2008";  // it is a bar in shielded lines, too
 
 /** In double quotes, cut off where it is long, and with nothing in it that a terminal obeys. */
 std::string quoted(std::string_view text) {
@@ -42,6 +43,22 @@ bool beginsWith(const Piece& piece, std::string_view front) {
   return isFoldedSame(piece.text.substr(0, front.size()), front);
 }
 
+/** Whether the text has a carriage return that stands in front of no line end. */
+bool hasBareReturn(std::string_view text) {
+  for (std::size_t at = text.find('\r'); at != std::string_view::npos;
+       at = text.find('\r', at + 1)) {
+    const char next = at + 1 < text.size() ? text[at + 1] : '\n';
+    if (next != '\r' && next != '\n') return true;
+  }
+  return false;
+}
+
+/** From the line of one piece to the begin of the next. */
+std::string_view surroundings(const Piece& piece, const Piece& next) {
+  const char* const behind = next.text.data() + (next.text.empty() ? 0 : 1);
+  return {piece.lineStart, static_cast<std::size_t>(behind - piece.lineStart)};
+}
+
 /** What formatting would do. The next pieces are those after the ones that differ. */
 std::string deedOf(const Piece& old, const Piece& fresh, const Piece& nextOld,
                    const Piece& nextFresh) {
@@ -70,8 +87,16 @@ std::string deedOf(const Piece& old, const Piece& fresh, const Piece& nextOld,
 Fault explainDifference(Reading& oldReading, Reading& freshReading) {
   const Piece old = oldReading.getPiece();
   const Piece fresh = freshReading.getPiece();
+  const Piece next = oldReading.next();
   std::string message = "formatting would ";
-  message += deedOf(old, fresh, oldReading.next(), freshReading.next());
-  if (!old.isShielded && !isExclamation(old)) message += remedy;
+  if (hasBareReturn(surroundings(old, next))) {  // which goes in shielded lines, too
+    return {old.line, message + "drop a carriage return inside the line"};
+  }
+  message += deedOf(old, fresh, next, freshReading.next());
+  if (isExclamation(old)) {
+    message += remedyOfPsl;
+  } else if (!old.isShielded) {
+    message += remedy;
+  }
   return {old.line, std::move(message)};
 }

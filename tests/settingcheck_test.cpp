@@ -62,6 +62,10 @@ TEST(SettingCheckTest, WhatHasNoEffectIsReported) {
        "rc:1: -2: no whole number (read as 2)\nrc:1: 4.5: no whole number (read as 4)"},
       {"a second value", "TABSIZE 8 4 FALSE",
        "rc:1: 4: dropped, TABSIZE has the value 8\nrc:1: FALSE: dropped, TABSIZE has the value 8"},
+      {"a number where a word was meant", "VHDL2008 FALSE\nBLOCKHEADER VERBOSE",
+       "rc:1: FALSE: dropped, VHDL has the value 2008\n"
+       "rc:2: VERBOSE: BLOCKHEADER takes WRAPPED or LIST"},
+      {"no such edition", "VHDL 2001", "rc:1: 2001: VHDL takes 1993, 2008 or 2019"},
       {"a value without a key", "4 TABSIZE 8", "rc:1: 4: stands before the first key"},
       {"no value", "LINEWIDTH\nTABSIZE 8", "rc:1: LINEWIDTH: no value"},
       {"a key twice", "INDENT 2\nINDENTATION 3\nINDENT",

@@ -15,6 +15,8 @@ constexpr int caseStyles[] = {C_UPPERCASE, C_LOWERCASE, C_CAPITALIZED, C_CAPITAL
                               C_ASIS};
 constexpr int styles[] = {C_A, C_B};
 constexpr int listFormats[] = {C_WRAPPED, C_LIST, C_VERBOSE};
+constexpr int blockFormats[] = {C_WRAPPED, C_LIST};
+constexpr int editions[] = {1993, 2008, 2019};
 constexpr int truthValues[] = {C_TRUE, C_FALSE};
 
 constexpr Setting cased(int key, CaseGroup group, const char* help) {
@@ -33,6 +35,11 @@ constexpr Setting number(int key, int Settings::*member, int least, int most, co
           .least = least,
           .most = most,
           .help = help};
+}
+
+constexpr Setting chosen(int key, int Settings::*member, std::span<const int> numbers,
+                         const char* help) {
+  return {.key = key, .kind = SETTING_INTEGER, .number = member, .choices = numbers, .help = help};
 }
 
 constexpr Setting truth(int key, int Settings::*member, const char* help) {
@@ -74,8 +81,9 @@ constexpr Setting table[] = {
          "entries of port and generic maps: WRAPPED gives each a line"),
     number(C_IDENTLENGTH,   &Settings::identLength, 1, 1000,
            "names of this length and more are left out of alignment"),
-    number(C_VHDL, &Settings::vhdl, 1987, 2019, "edition of the language; from 2008 on its constructs"),
-    word(C_BLOCKHEADER,     &Settings::blockHeader, listFormats,
+    chosen(C_VHDL,          &Settings::vhdl, editions,
+           "edition of the language; from 2008 on its constructs"),
+    word(C_BLOCKHEADER,     &Settings::blockHeader, blockFormats,
          "head of a block: WRAPPED gives its clauses and declarations lines of their own"),
     shifted(number(C_COMMENTSTARTCOLUMN, &Settings::commentStartColumn, 1, 10000,
                    "column of comments after code, counted from 1"), firstColumn),

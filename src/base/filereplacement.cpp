@@ -39,12 +39,12 @@ Replaced FileReplacement::giveUp(Replaced result, int failure) {
 }
 
 /** Sets `beside` to a name in the folder that nothing bears. */
-void FileReplacement::nameBeside(std::string_view folder, const char* kind) {
+void FileReplacement::nameBeside(std::string_view home, const char* kind) {
   int leftovers = 0;  // of earlier runs with the same number
   do {
     char name[64];
     std::snprintf(name, sizeof(name), ".qorn-%s.%ld", kind, processNumber() + leftovers);
-    beside.assign(folder).append(name);
+    beside.assign(home).append(name);
   } while (stateOfEntry(beside.c_str()).kind != NO_FILE && ++leftovers < mostLeftovers);
 }
 

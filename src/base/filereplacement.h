@@ -59,7 +59,7 @@ class FileReplacement : public TextSink {
   [[nodiscard]] int moveOffBackup();
   [[nodiscard]] int keepOldText();
   std::string_view folder() const;
-  void nameBeside(std::string_view folder, const char* kind);
+  void nameBeside(std::string_view home, const char* kind);
   Replaced giveUp(Replaced result, int failure);
 
   std::string file;

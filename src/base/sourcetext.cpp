@@ -1,14 +1,13 @@
 // Reading a stream whole. A file is read into a block of its size, all else into one that doubles.
 #include "base/sourcetext.h"
 
-#include <sys/stat.h>
-
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
 
 #include "base/fatal.h"
+#include "base/system.h"
 
 namespace {
 
@@ -16,9 +15,8 @@ constexpr std::size_t smallestBlock = 65536;
 
 /** What the stream will hold as far as its file tells, and one byte more to meet the end. */
 std::size_t expectedSize(FILE* stream) {
-  struct stat status {};
-  const bool isFile = fstat(fileno(stream), &status) == 0 && S_ISREG(status.st_mode);
-  return isFile ? static_cast<std::size_t>(status.st_size) + 1 : 0;
+  const FileState state = stateOf(stream);
+  return state.kind == REGULAR_FILE ? static_cast<std::size_t>(state.size) + 1 : 0;
 }
 
 }  // namespace

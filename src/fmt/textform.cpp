@@ -7,8 +7,8 @@
 
 namespace {
 
-int lineOf(std::string_view content, std::size_t place) {
-  return 1 + static_cast<int>(std::count(content.begin(), content.begin() + place, '\n'));
+unsigned lineOf(std::string_view content, std::size_t place) {
+  return 1 + static_cast<unsigned>(std::count(content.begin(), content.begin() + place, '\n'));
 }
 
 }  // namespace

@@ -17,7 +17,7 @@ struct TextForm {
 /** Why a file's content is no text to format, with the number of the line; empty if it is one. */
 struct Unreadable {
   std::string reason;
-  int line = 0;
+  unsigned line = 0;
 };
 [[nodiscard]] Unreadable findUnreadable(std::string_view content);
 

@@ -107,6 +107,9 @@ TEST(ProgramTest, LeavesWhatItMayNotWrite) {
        "Error! qorn: Permission denied\n"},
       {"a file", "chmod 444 a.vhd; $nobody qorn -c rc a.vhd; cat a.vhd", 0, "use a ;\n",
        "Error! qorn: Permission denied\n"},
+      {"a folder, but the file in it, without backups",
+       "chmod 666 a.vhd; chmod 555 .; $nobody qorn -c rc a.vhd; ls -A; cat a.vhd", 0,
+       "a.vhd\nrc\nUSE a;\n", ""},
       {"nor read", "chmod 0 a.vhd; VHDLEXT= $nobody qorn a.vhd", 1, "",
        "Error! unable to open file a.vhd\n       Permission denied\n"},
   });

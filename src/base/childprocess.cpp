@@ -20,7 +20,7 @@ extern char** environ;
 
 namespace {
 
-using TemporaryFile = std::unique_ptr<FILE, decltype(&std::fclose)>;
+using TemporaryFile = std::unique_ptr<FILE, int (*)(FILE*)>;
 
 TemporaryFile makeTemporary(std::string_view text) {
   TemporaryFile file(std::tmpfile(), &std::fclose);

@@ -237,6 +237,15 @@ HOSTILE = (
     ("pure function ", ""), ("is ", ""), ("is\n'left constant\n ", "IDENTLENGTH 1000000 INDENTATION 0"), ("<< signal a.b : c >> ", "IDENTLENGTH 1000000 INDENTATION 0"), ("a : block ", ""), ("a : b\n", ""), ("a : process\n", ""),
 )  # fmt: skip
 
+# The same of the newest edition of the language.
+MODERN = (
+    "if a generate begin ", "else generate ", "case a generate when b : c => begin ", "type t is protected ", "v := (a when b else ",
+    "{", "<< ", "/* ", "/* a */ ", "a /* b\n c */ ", "`if a\nbegin\n`else\n", "`protect begin_protected\n", "generic (function f(",
+    "generic ((a) function f(a : b; ", "function f generic (a) parameter (b : c; ", "package p is generic map (a); ", "x :\n",
+    "view a of b is ", "for a : b generic map (c) ", "vunit a { ", "g : if a generate end a; ", "context a is ", "package p is new ",
+)  # fmt: skip
+MODERN_KEYS = "VHDL 2019\nBLOCKHEADER WRAPPED\nINDENTATION 0\n"
+
 # White space and quotes in front of one thing that makes each rule look far ahead.
 RUNS = (
     ("' and blanks", "'", " ", ""), ("' and line ends", "'", "\n", ""), ("a quote that is never closed", '"', "a", ""),
@@ -257,6 +266,8 @@ def hostile():
     for text, config in HOSTILE:
         name = shown(text) + (", " + config.lower() if config else "")
         yield shape(name, max(1, 1000000 // len(text)), fill(text), config and config + "\n", "hostile")
+    for text in MODERN:
+        yield shape(shown(text) + ", VHDL 2019", max(1, 1000000 // len(text)), fill(text), MODERN_KEYS, "hostile")
     for name, before, text, behind in RUNS:
         yield shape(name, 1000000 // len(text), fill(text, before, behind), group="hostile")
 

@@ -16,24 +16,24 @@ struct Spacing {
 constexpr auto spacings = [] {
   TokenTable<Spacing> table(Spacing{});
   // clang-format off
-  table[T_COLON]     = {0,    1,     6};
-  table[T_COMMA]     = {0,    1,    10};
-  table[T_DOT]       = {0,    0,    -1};
-  table[T_EQUAL]     = {1,    1,     5};
-  table[T_LPAREN]    = {KEPT, 0,     0};
-  table[T_RPAREN]    = {0,    KEPT,  4};
-  table[T_SEMICOLON] = {0,    KEPT, 10};
-  table[T_VARASSIGN] = {1,    1,    -1};
-  table[T_ARROW]     = {1,    1,     5};
-  table[T_SIGASSIGN] = {KEPT, 1,  KEPT};
-  table[T_MATCHEQUAL]         = {1,    1,     5};
-  table[T_OPENEXTERNAL]       = {KEPT, 1,     0};
-  table[T_CLOSEEXTERNAL]      = {1,    KEPT,  4};
-  table[T_PATHDOT]            = {1,    0,    -1};
+  table[T_COLON]              = {0,    1,       6};
+  table[T_COMMA]              = {0,    1,      10};
+  table[T_DOT]                = {0,    0,      -1};
+  table[T_EQUAL]              = {1,    1,       5};
+  table[T_LPAREN]             = {KEPT, 0,       0};
+  table[T_RPAREN]             = {0,    KEPT,    4};
+  table[T_SEMICOLON]          = {0,    KEPT,   10};
+  table[T_VARASSIGN]          = {1,    1,      -1};
+  table[T_ARROW]              = {1,    1,       5};
+  table[T_SIGASSIGN]          = {KEPT, 1,    KEPT};
+  table[T_MATCHEQUAL]         = {1,    1,       5};
+  table[T_OPENEXTERNAL]       = {KEPT, 1,       0};
+  table[T_CLOSEEXTERNAL]      = {1,    KEPT,    4};
+  table[T_PATHDOT]            = {1,    0,      -1};
   table[T_LBRACE]             = {1,    KEPT, KEPT};
-  table[T_SEQUENCE_SEMICOLON] = {0,    KEPT, 4};
-  table[T_DECIMAL]   = {KEPT, KEPT,  0};
-  table[T_BASED]     = {KEPT, KEPT,  0};
+  table[T_SEQUENCE_SEMICOLON] = {0,    KEPT,    4};
+  table[T_DECIMAL]            = {KEPT, KEPT,    0};
+  table[T_BASED]              = {KEPT, KEPT,    0};
   // clang-format on
   return table;
 }();

@@ -128,6 +128,7 @@ void VhdlScanner::Record() {
   closeElements();
 }
 
+//     type queue is protected body variable size : natural; end protected body queue;
 void VhdlScanner::Protected() {
   if (indentStack.kind() != LEVEL_STATEMENT || statementClosed == 1) {  // no type in hand
     Identifier();
@@ -140,6 +141,7 @@ void VhdlScanner::Protected() {
   endHead(LEVEL_PROTECTED);
 }
 
+//     view sender of link is data : out; ready : in; end view sender;
 void VhdlScanner::View() {
   if (!opensStatement() || !isName(LookForward(1)) || LookForward(2) != T_OF) {
     Identifier();
@@ -202,6 +204,7 @@ void VhdlScanner::Function() {
   }
 }
 
+//     procedure swap generic (type t) generic map (t => bit) parameter (variable a, b : inout t);
 void VhdlScanner::genericsOfSubprogram() {
   setPrevNewline();
   if (LookForward(1) != T_LPAREN) return;

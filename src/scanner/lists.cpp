@@ -100,6 +100,8 @@ void VhdlScanner::InterfaceList(bool isOfParameters) {
   }
 }
 
+//     generic (type item; function image(value : item) return string is <>;
+//              package keys is new work.keys generic map (<>));
 void VhdlScanner::interfaceSubprogram() {
   getNextToken();  // its name
   if (LookForward(1) == T_PARAMETER) getNextToken();

@@ -163,6 +163,7 @@ void VhdlScanner::openBinding() {
   StatementOpen();
 }
 
+//     for u1 : cell generic map (n => 1) port map (a => b); end for;
 void VhdlScanner::openMaps() {
   if (inConfiguration == 0) {
     popIndent();

@@ -60,6 +60,8 @@ void VhdlScanner::Package() {
   endHead();
 }
 
+//     context suite is library osvvm; end context;
+//     context work.suite, work.other;
 void VhdlScanner::Context() {
   if (!opensStatement() || !isName(LookForward(1))) {
     Identifier();

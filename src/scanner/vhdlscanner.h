@@ -183,8 +183,6 @@ class VhdlScanner {
   void Default();
   void Identifier();
   void ParameterList();
-  /** For a word that may be a name: handles it as one. */
-  void NewerWord() { Identifier(); }
   /** Does a statement begin with the anchor, in which it can be no name? */
   bool opensStatement();
   void SemiColon();

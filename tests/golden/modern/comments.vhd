@@ -20,4 +20,4 @@ q <= a /* first */ and b/*second*/; /* third */ -- and a line
 /* if */ r <= s; longest_of_all_signals <= first_operand and second_operand and third_operand; /* beyond the line */
 p : process begin
 /* a */ wait; end process; /* never
-closed
+closed */

@@ -53,6 +53,8 @@ TEST(QornfmtTest, FormatsFilesAndFolders) {
        " ./s/../a.vhd",
        1, "s/b.vhd\ns/b/z.VHD\ns/c.vhd\ns/d.vhd\ns/hard.vhd\n", ""},
       {"the current folder", "qornfmt --check -q .", 1, "a.vhd\n", ""},
+      {"one that may not be read", "mkdir -m 0 e; $nobody qornfmt --check .", 2, "a.vhd\n",
+       "e: Permission denied\n1 file would change; qornfmt formats it\n"},
       {"none", "mkdir e; qornfmt e", 0, "", "qornfmt: there are no VHDL files\n"},
       {"trouble outweighs changes, and the others are formatted",
        "echo all: >Makefile; mkfifo f.vhd; qornfmt Makefile nosuch.vhd f.vhd a.vhd; echo $?;"

@@ -85,7 +85,8 @@ bool Finder::listFolder(const std::string& folder, std::vector<std::string>& pat
       paths.push_back(stem + name);
   }
   std::sort(paths.begin(), paths.end());
-  if (error) complain(folder, std::strerror(error.value()));
+  const bool isSlashed = folder.size() > 1 && folder.ends_with('/');
+  if (error) complain(folder.substr(0, folder.size() - isSlashed), std::strerror(error.value()));
   return !error;
 }
 

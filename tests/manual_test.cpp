@@ -9,7 +9,9 @@
 #include <string>
 #include <vector>
 
+#include "config/settings.h"
 #include "confignames.h"
+#include "fmt/formattext.h"
 #include "programrun.h"
 
 namespace {
@@ -115,17 +117,62 @@ TEST(ManualTest, DefaultsAreThoseOfTheProgram) {
   EXPECT_EQ(settingsIn(text), settingsIn(textOf("/examples/qornrc")));
 }
 
-TEST(ManualTest, TheReadmeShowsRealOutput) {
-  Lines blocks;  // the text of each block of code
+/** A block of code in a document. */
+struct Block {
+  std::string section;
+  bool isVhdl;
+  std::string text;
+};
+
+std::vector<Block> blocksOf(const std::string& path) {
+  std::vector<Block> blocks;
+  std::string section;
   bool isInside = false;
-  for (const std::string& line : linesOf("/README.md")) {
+  for (const std::string& line : linesOf(path)) {
     const bool isFence = line.starts_with("```");
-    if (isFence && !isInside) blocks.emplace_back();
+    if (isFence && !isInside) blocks.push_back({section, line == "```vhdl", ""});
     if (isFence) isInside = !isInside;
-    if (!isFence && isInside) blocks.back() += line + '\n';
+    if (!isFence && isInside) blocks.back().text += line + '\n';
+    if (!isInside && line.starts_with("#")) section = line;
   }
-  ASSERT_GE(blocks.size(), 2U);
-  EXPECT_EQ(shell(TempFolder(), "qorn", blocks[0]).out, blocks[1]);
+  return blocks;
+}
+
+std::string settled(const std::string& source, const std::string& configuration) {
+  const std::string_view text = configuration;
+  return formatUntilSettled(source, makeSettings({&text, 1})).text;
+}
+
+TEST(ManualTest, TheReadmeShowsRealOutput) {
+  const std::vector<Block> blocks = blocksOf("/README.md");
+  ASSERT_GE(blocks.size(), 3U);
+  EXPECT_EQ(settled(blocks[0].text, blocks[1].text), blocks[2].text);
+}
+
+// The first block is the configuration of all examples. In a section, the first block of VHDL is a
+// source and the next one its layout; each further configuration has a layout after it.
+TEST(ManualTest, TheLimitsAreReal) {
+  const std::vector<Block> blocks = blocksOf("/docs/limits.md");
+  ASSERT_GE(blocks.size(), 30U);
+  std::string source;
+  std::string added;
+  for (std::size_t i = 1; i < blocks.size(); ++i) {
+    const Block& block = blocks[i];
+    const bool isNew = block.section != blocks[i - 1].section;
+    if (isNew) added.clear();
+    if (!block.isVhdl) {
+      added += block.text;
+    } else if (isNew || (source.empty() && added.empty())) {
+      source = block.text;
+    } else {
+      EXPECT_EQ(settled(source, blocks[0].text + added), block.text) << block.section;
+      const bool goesOn = i + 1 < blocks.size() && !blocks[i + 1].isVhdl;
+      if (!goesOn) {
+        source.clear();
+        added.clear();
+      }
+    }
+  }
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 
 #include <atomic>
 #include <cstdio>
+#include <thread>
 
 #include "base/exitstatus.h"
 
@@ -11,6 +12,7 @@ namespace {
 const char* beginning = "Error! qorn: ";
 void (*ending)(int status) = nullptr;
 std::atomic<bool> isFatal = false;
+std::atomic<bool> isReported = false;
 
 }  // namespace
 
@@ -30,8 +32,14 @@ void reportFault(const char* message, const char* reason) {
 }
 
 void fatalError(const char* message, const char* reason) {
-  if (!isFatal.exchange(true)) reportFault(message, reason);
-  if (ending != nullptr) ending(STATUS_FATAL);
+  if (!isFatal.exchange(true)) {
+    reportFault(message, reason);
+    isReported = true;
+  }
+  if (ending != nullptr) {
+    while (!isReported) std::this_thread::yield();  // another thread's words come out whole
+    ending(STATUS_FATAL);
+  }
   endRun(STATUS_FATAL);
 }
 

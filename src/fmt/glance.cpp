@@ -23,9 +23,9 @@ constexpr auto wordCharacters = [] {
     const auto character = static_cast<char>(i);
     if (isWordCharacter(character)) table[i] = static_cast<unsigned char>(asciiUpper(character));
   }
-  for (const char mark : {'"', '%', '!'}) table[static_cast<std::size_t>(mark)] = PART_OF_WORD;
+  for (const char mark : {'"', '%', '!'}) table[static_cast<unsigned char>(mark)] = PART_OF_WORD;
   for (const char mark : {'.', '#', ':', '+', '-'}) {
-    table[static_cast<std::size_t>(mark)] = PART_OF_NUMBER;
+    table[static_cast<unsigned char>(mark)] = PART_OF_NUMBER;
   }
   return table;
 }();

@@ -75,6 +75,14 @@ class OldList {
     return insert(last, nullptr, std::forward<Arguments>(arguments)...);
   }
   template <typename... Arguments>
+  Item* addItemBefore(Item& place, Arguments&&... arguments) {
+    return insert(place.prev, &place, std::forward<Arguments>(arguments)...);
+  }
+  template <typename... Arguments>
+  Item* addItemBehind(Item& place, Arguments&&... arguments) {
+    return insert(&place, place.next, std::forward<Arguments>(arguments)...);
+  }
+  template <typename... Arguments>
   Item* addItemFirst(Arguments&&... arguments) {
     return insert(nullptr, first, std::forward<Arguments>(arguments)...);
   }
@@ -82,8 +90,7 @@ class OldList {
   template <typename... Arguments>
   Item* addItemAnchor(Arguments&&... arguments) {
     Item* before = anchor == nullptr ? last : anchor;
-    Item* after = anchor == nullptr ? nullptr : anchor->next;
-    return anchor = insert(before, after, std::forward<Arguments>(arguments)...);
+    return anchor = insert(before, peekNext(), std::forward<Arguments>(arguments)...);
   }
 
   /** Leaves an empty list without an anchor. */

@@ -13,28 +13,24 @@
 
 /** The line that the pass is on. */
 struct VhdlScanner::LineInHand {
-  long long width = 0;    // bytes of the tokens visited, the one under the anchor included
-  long long surplus = 0;  // columns that tabs and redrawn comments before the anchor add to them
-  bool isNew = true;      // is the token under the anchor visited for the first time?
-  VhdlToken* reached = nullptr;     // the furthest token visited; those behind it await `shifts`
-  VhdlToken* unmeasured = nullptr;  // the first token passed over whose column is not set yet
-  long long unmeasuredWidth = 0;    // bytes before that one
-  PendingShifts shifts;             // for the rest of the line
-  VhdlToken* hopeless = nullptr;    // a token on this line, with no place to break left of it
+  long long width = 0;    // bytes of the tokens visited, the one in hand included
+  long long surplus = 0;  // columns that tabs and redrawn comments before that one add to them
+  bool isNew = true;      // is the token in hand visited for the first time?
+  VhdlToken* reached = nullptr;   // the furthest token visited; those behind it await `shifts`
+  PendingShifts shifts;           // for the rest of the line
+  VhdlToken* hopeless = nullptr;  // a token on this line, with no place to break left of it
   const VhdlToken* brokenComment = nullptr;  // the last one that was broken instead of its code
 
   /** Brings the indent of the token behind the furthest one up to date. */
-  void reach(VhdlToken* node) {
-    reached = node;
-    if (shifts.isEmpty()) return;
-    VhdlToken& token = *node;
-    token.setIndent(shifts.apply(token.getIndent()));
+  void reach(VhdlToken& token) {
+    reached = &token;
+    if (shifts.concern(token.getIndent())) token.setIndent(shifts.apply(token.getIndent()));
   }
-  void visit(VhdlToken* node) {
+  void visit(VhdlToken& token) {
     if (isNew) {
-      reach(node);
+      reach(token);
     } else {
-      isNew = node == reached;
+      isNew = &token == reached;
     }
   }
   /** The token visited next starts a line, or is measured as if it did. */
@@ -43,69 +39,68 @@ struct VhdlScanner::LineInHand {
     surplus = 0;
     isNew = nextIsNew;
     hopeless = nullptr;
-    unmeasured = nullptr;
   }
-  /** Passes over the tokens behind a node that need nothing as long as the line fits. Returns the
-     last of them, or the node itself. */
-  VhdlToken* passPlainTokens(VhdlToken* node, int limit);
-  /** Sets the columns of the tokens that were passed over, up to a node. */
-  void measure(const VhdlToken* end);
 };
 
 namespace {
-
-/** Tokens that need no more than to be counted as long as the line fits. */
-constexpr auto plainTokens = [] {
-  TokenTable<bool> plain(true);
-  for (const int typ : {T_NEWLINE, T_STRING, T_CHARACTER}) plain[typ] = false;
-  for (int typ = 0; typ < tokenCodeCount; ++typ) plain[typ] = plain[typ] && !isComment(typ);
-  return plain;
-}();
-
-bool isPlain(const VhdlToken& token) { return plainTokens[token.getTyp()] && !token.isExtended(); }
 
 bool isBlank(const VhdlToken& token) {
   return token.getTyp() == T_WHITESPACE || token.getTyp() == T_NEWLINE;
 }
 
+/** The comment at a token, or behind it if nothing but blanks stands between; else null. */
+const VhdlToken* commentAt(const VhdlToken& place) {
+  const VhdlToken* token = &place;
+  do {
+    token = token->getNext();
+  } while (typAt(token) == T_WHITESPACE);
+  if (typAt(token) != T_COMMENT) return nullptr;
+  return place.getTyp() == T_COMMENT ? &place : token;
+}
+
+/** Brings the columns behind a token up to date as far as a break before it needs them: over
+    blanks, which go with the break, to the first token behind them. */
+void SetColumnsInLine(VhdlToken* token) {
+  int column = token->getColumn();
+  while (isBlank(*token) && !isLineEnd(*token, 1)) {
+    column = addColumns(column, token->textLength(1));
+    token = token->getNext();
+    if (token == nullptr) return;
+    token->setColumn(column);
+  }
+}
+
+/** The best token to break behind, left of the overflow on its line, or null. The search ends at
+    `hopeless`, left of which there is none. */
+VhdlToken* findBreak(const VhdlToken& overflow, const VhdlToken* hopeless) {
+  if (isBlockComment(overflow.getTyp())) return nullptr;  // it stays beside its code
+  VhdlToken* candidate = nullptr;
+  int best = 0;
+  bool isBlocked = false;
+  const VhdlToken* behind = &overflow;
+  while (behind->getColumn() != 0) {  // the first token of a line is scored too
+    VhdlToken* token = behind->getPrev();
+    int score = token->getWrapGravity(behind->getIndent());
+    if (isBlocked && score > 0) score = 0;
+    isBlocked = score == -1;
+    if (score > best) {  // of equal scores the one furthest right
+      best = score;
+      candidate = token;
+    }
+    if (token == hopeless) break;
+    behind = token;
+  }
+  return candidate;
+}
+
 }  // namespace
-
-VhdlToken* VhdlScanner::LineInHand::passPlainTokens(VhdlToken* node, int limit) {
-  if (!isNew || !shifts.isEmpty()) return node;
-  if (unmeasured == nullptr) {
-    unmeasured = node->getNext();
-    unmeasuredWidth = width;
-  }
-  for (VhdlToken* next = node->getNext(); next != nullptr; next = next->getNext()) {
-    const VhdlToken& token = *next;
-    const long long wider = width + token.textLength(1);
-    if (!isPlain(token) || wider > limit) break;
-    width = wider;
-    node = next;
-  }
-  return node;
-}
-
-void VhdlScanner::LineInHand::measure(const VhdlToken* end) {
-  if (unmeasured == nullptr) return;
-  long long column = unmeasuredWidth;
-  for (VhdlToken* node = unmeasured; node != end; node = node->getNext()) {
-    VhdlToken& token = *node;
-    token.setColumn(static_cast<int>(column));
-    column += token.textLength(1);
-  }
-  unmeasured = nullptr;
-}
 
 void VhdlScanner::LineBreak() {
   ruler.forget();
   LineInHand line;
   bool isWrapping = true;
-  tokenList.getFirst();
-  for (;;) {
-    tokenList.setAnchor(line.passPlainTokens(tokenList.getAnchor(), settings.lineWidth));
-    VhdlToken* token = stepForward();
-    if (token == nullptr) break;
+  VhdlToken* token = tokenList.getFirst();
+  while (token != nullptr && (token = token->getNext()) != nullptr) {
     const int typ = token->getTyp();
     const int length = token->textLength(1);
     if (typ == T_NEWLINE && length > 0) {
@@ -113,18 +108,27 @@ void VhdlScanner::LineBreak() {
       line.shifts.clear();
       continue;
     }
-    line.measure(tokenList.getAnchor());
-    line.visit(tokenList.getAnchor());
+    line.visit(*token);
     token->setColumn(static_cast<int>(line.width));
     line.width += length;
-    if (isPragma(typ)) isWrapping = typ == T_FORMAT_ON || typ == T_INDENT_ON;
-    if (typ == T_COMMENT && isWrapping) drawOutComment(*token);
-    if (line.width > settings.lineWidth && isWrapping && WrapLine(line) == 0) continue;
-    line.surplus += countColumns(*token, 1, settings.indentation) - length;
+    const bool isPlain = !isComment(typ) && !token->holdsTabs();
+    if (!isPlain) {
+      if (isPragma(typ)) isWrapping = typ == T_FORMAT_ON || typ == T_INDENT_ON;
+      if (typ == T_COMMENT && isWrapping) drawOutComment(*token);
+    }
+    if (line.width > settings.lineWidth && isWrapping) {
+      VhdlToken* visited = WrapLine(*token, line);
+      if (visited != nullptr) {
+        token = visited;
+        continue;
+      }
+    }
+    if (!isPlain) line.surplus += countColumns(*token, 1, settings.indentation) - length;
   }
 }
 
 void VhdlScanner::drawOutComment(VhdlToken& comment) {
+  tokenList.setAnchor(&comment);
   if (prevIsNewline(1) == 1) commentColumn = 0;
   if (settings.extendComments == 1) {
     comment.alignComment(settings.lineWidth, settings.blockCommentCharacters.view(),
@@ -132,132 +136,97 @@ void VhdlScanner::drawOutComment(VhdlToken& comment) {
   }
 }
 
-int VhdlScanner::WrapLine(LineInHand& line) {
-  VhdlToken* overflow = tokenList.getAnchor();
-  anchorToken()->setColumn(heldInRange(anchorToken()->getColumn() + line.surplus));
-  assert(anchorToken()->getColumn() == getColumn(1));
-  VhdlToken* candidate = findBreak(line.hopeless);
-  const VhdlToken* comment = candidate == nullptr ? nullptr : commentBehind(candidate);
+VhdlToken* VhdlScanner::WrapLine(VhdlToken& overflow, LineInHand& line) {
+  overflow.setColumn(heldInRange(overflow.getColumn() + line.surplus));
+  assert(overflow.getColumn() == ruler.read(&overflow, settings.indentation).column);
+  VhdlToken* candidate = findBreak(overflow, line.hopeless);
+  const VhdlToken* comment = candidate == nullptr ? nullptr : commentAt(*candidate);
   if (candidate != nullptr && comment == nullptr) {
-    SetColumnsInLine();
-    tokenList.setAnchor(candidate);
-    breakBehindAnchor(line);
-    return 0;
+    SetColumnsInLine(&overflow);
+    return breakBehind(*candidate, line);
   }
   // Where a carriage return joins two comments to one line, the second leads back to the first. It
   // is broken once; after that the line counts as one without a place to break.
   const bool isStuck = comment != nullptr && comment == line.brokenComment;
   if (comment != nullptr && !isStuck) {
-    finishLine(line);
+    finishLine(overflow, line);
     line.brokenComment = comment;
     commentColumn = 0;
-    tokenList.setAnchor(candidate);
-    breakComments(line);
-    return 0;
+    return breakComments(*candidate, line);
   }
-  if (anchorToken()->getTyp() == T_COMMENT) {
-    finishLine(line);
-    breakComments(line);
-    return 0;
+  if (overflow.getTyp() == T_COMMENT) {
+    finishLine(overflow, line);
+    return breakComments(overflow, line);
   }
-  line.hopeless = isStuck ? nullptr : overflow;
-  return 1;
+  line.hopeless = isStuck ? nullptr : &overflow;
+  return nullptr;
 }
 
-VhdlToken* VhdlScanner::findBreak(const VhdlToken* hopeless) {
-  const VhdlToken* behind = anchorToken();
-  if (isBlockComment(behind->getTyp())) return nullptr;  // it stays beside its code
-  const AnchorGuard guard(tokenList);
-  VhdlToken* candidate = nullptr;
-  int best = 0;
-  bool isBlocked = false;
-  while (behind->getColumn() != 0) {  // the first token of a line is scored too
-    const VhdlToken* token = stepBack();
-    int score = token->getWrapGravity(behind->getIndent());
-    if (isBlocked && score > 0) score = 0;
-    isBlocked = score == -1;
-    if (score > best) {  // of equal scores the one furthest right
-      best = score;
-      candidate = tokenList.getAnchor();
-    }
-    if (tokenList.getAnchor() == hopeless) break;
-    behind = token;
-  }
-  return candidate;
-}
-
-const VhdlToken* VhdlScanner::commentBehind(VhdlToken* node) {
-  const AnchorGuard guard(tokenList);
-  tokenList.setAnchor(node);
-  return nextIs(T_COMMENT) == 1 ? findComment() : nullptr;
-}
-
-void VhdlScanner::breakBehindAnchor(LineInHand& line) {
-  VhdlToken& candidate = *anchorToken();
+VhdlToken* VhdlScanner::breakBehind(VhdlToken& candidate, LineInHand& line) {
   if (candidate.getTyp() == T_WHITESPACE) candidate.setFormatText("");
-  tokenList.addItemAnchor(T_NEWLINE, candidate.getParenLevel())->setFormatText("\n");
+  VhdlToken* lineEnd = tokenList.addItemBehind(candidate, T_NEWLINE, /*level*/ 0);
+  lineEnd->setFormatText("\n");
   ruler.forget();
-  const AnchorGuard guard(tokenList);
   bool isNew = false;
-  for (VhdlToken* token = stepForward(); token != nullptr; token = stepForward()) {
-    if (isNew) line.reach(tokenList.getAnchor());
-    isNew = isNew || tokenList.getAnchor() == line.reached;
-    if (!isBlank(*token)) break;
-    if (isLineEnd(*token, 1)) line.shifts.clear();  // the line below is drawn up to this one
-    token->setFormatText("");
+  bool isDrawnUp = false;  // does the line below become a part of this one?
+  VhdlToken* first = lineEnd->getNext();
+  for (; first != nullptr; first = first->getNext()) {
+    if (isNew) line.reach(*first);
+    isNew = isNew || first == line.reached;
+    if (!isBlank(*first)) break;
+    if (isLineEnd(*first, 1)) {
+      line.shifts.clear();
+      isDrawnUp = true;
+    }
+    first->setFormatText("");
   }
-  IndentLine(0);
-  ReindentLine(line);
+  if (first != nullptr) {
+    if (isDrawnUp) first->setColumn(0);  // no column of that line has been counted yet
+    tokenList.setAnchor(first);
+    IndentLine(0);
+    ReindentLine(*first, line);
+  }
   line.start(/*nextIsNew*/ false);
+  return lineEnd;
 }
 
-void VhdlScanner::SetColumnsInLine() {
-  const AnchorGuard guard(tokenList);
-  VhdlToken* token = anchorToken();
-  int column = token->getColumn();
-  while (isBlank(*token) && !isLineEnd(*token, 1)) {
-    column = addColumns(column, token->textLength(1));
-    token = stepForward();
-    if (token == nullptr) return;
-    token->setColumn(column);
-  }
-}
-
-void VhdlScanner::ReindentLine(LineInHand& line) {
-  if (anchorToken() == nullptr) return;
-  const AnchorGuard guard(tokenList);
-  const int limit = anchorToken()->getColumn();
-  const int shift = limit - anchorToken()->getIndent();
+void VhdlScanner::ReindentLine(const VhdlToken& first, LineInHand& line) {
+  const int limit = first.getColumn();
+  const int shift = limit - first.getIndent();
   if (shift == 0) return;
-  while (tokenList.getAnchor() != line.reached) {
-    VhdlToken* token = stepForward();
-    if (token->getIndent() > limit) token->setIndent(addColumns(token->getIndent(), -shift));
+  if (&first != line.reached) {
+    for (VhdlToken* token = first.getNext();; token = token->getNext()) {
+      if (token->getIndent() > limit) token->setIndent(addColumns(token->getIndent(), -shift));
+      if (token == line.reached) break;
+    }
   }
   line.shifts.add(limit, shift);
 }
 
-void VhdlScanner::finishLine(LineInHand& line) {
-  const AnchorGuard guard(tokenList);
-  VhdlToken* token = anchorToken();
-  int column = addColumns(token->getColumn(), token->textLength(1));
-  bool isNew = false;
-  while (!isLineEnd(*token, 1)) {
-    isNew = isNew || tokenList.getAnchor() == line.reached;
-    token = stepForward();
-    if (token == nullptr) break;
-    if (isNew) line.reach(tokenList.getAnchor());
-    token->setColumn(column);
-    column = addColumns(column, countColumns(*token, 1, settings.indentation));
+void VhdlScanner::finishLine(const VhdlToken& overflow, LineInHand& line) {
+  int column = addColumns(overflow.getColumn(), overflow.textLength(1));
+  bool isNew = &overflow == line.reached;
+  if (!isLineEnd(overflow, 1)) {
+    for (VhdlToken* token = overflow.getNext(); token != nullptr; token = token->getNext()) {
+      if (isNew) line.reach(*token);
+      token->setColumn(column);
+      column = addColumns(column, countColumns(*token, 1, settings.indentation));
+      if (isLineEnd(*token, 1)) break;
+      isNew = isNew || token == line.reached;
+    }
   }
   line.shifts.clear();
 }
 
-void VhdlScanner::breakComments(LineInHand& line) {
+VhdlToken* VhdlScanner::breakComments(VhdlToken& place, LineInHand& line) {
   ruler.forget();  // the comment may be one that was passed before
+  tokenList.setAnchor(&place);
   BreakComment();
   line.start(/*nextIsNew*/ true);
-  const VhdlToken* token = anchorToken();
-  if (isLineEnd(*token, 1)) return;
-  line.surplus = getColumn(1);  // the pass measures from here as from the start of a line
-  line.surplus += countColumns(*token, 1, settings.indentation);
+  VhdlToken* last = anchorToken();
+  if (!isLineEnd(*last, 1)) {
+    line.surplus = getColumn(1);  // the pass measures from here as from the start of a line
+    line.surplus += countColumns(*last, 1, settings.indentation);
+  }
+  return last;
 }

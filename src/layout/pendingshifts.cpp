@@ -5,9 +5,8 @@
 
 void PendingShifts::add(int limit, int shift) {
   if (shift == 0) return;
-  if (isEmpty()) totals.push_back(0);
-  limits.add({limit, limit + totals.back()});
-  totals.push_back(totals.back() + shift);
+  shifts.push_back({limit, shift});
+  smallest = std::min(smallest, limit);
 }
 
 std::size_t PendingShifts::startOfRun(std::size_t from, long long indent) const {
@@ -20,8 +19,11 @@ std::size_t PendingShifts::endOfRun(std::size_t from, long long indent) const {
   return limits.findFirst(from, [reach](const Bounds& bounds) { return bounds.highest >= reach; });
 }
 
-int PendingShifts::apply(int indent) const {
-  if (isEmpty()) return indent;
+int PendingShifts::apply(int indent) {
+  for (std::size_t i = limits.size(); i < shifts.size(); ++i) {
+    limits.add({shifts[i].limit, shifts[i].limit + totals.back()});
+    totals.push_back(totals.back() + shifts[i].amount);
+  }
   long long shifted = indent;
   std::size_t place = startOfRun(0, shifted);
   while (place < limits.size()) {
@@ -33,7 +35,9 @@ int PendingShifts::apply(int indent) const {
 }
 
 void PendingShifts::clear() {
-  if (isEmpty()) return;
-  totals.clear();  // the room stays for the next line
+  if (shifts.empty()) return;
+  shifts.clear();  // the memory stays for the next line
+  smallest = INT_MAX;
+  totals.resize(1);
   limits.clear();
 }

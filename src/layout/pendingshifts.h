@@ -20,11 +20,16 @@ class PendingShifts {
   /** From now on every indent above the limit, as it then is, goes down by the shift. */
   void add(int limit, int shift);
   /** The indent after all shifts so far. */
-  [[nodiscard]] int apply(int indent) const;
-  [[nodiscard]] bool isEmpty() const { return totals.empty(); }
+  [[nodiscard]] int apply(int indent);
+  /** False for an indent that no shift so far would change. */
+  [[nodiscard]] bool concern(int indent) const { return indent > smallest; }
   void clear();
 
  private:
+  struct Shift {
+    int limit;
+    int amount;
+  };
   struct Bounds {
     long long smallest = LLONG_MAX;  // of the limits: an indent up to it takes none of the shifts
     long long highest = LLONG_MIN;   // of the limits, each with the total before: see endOfRun
@@ -39,7 +44,10 @@ class PendingShifts {
       does not exceed the limit, else the end. */
   std::size_t endOfRun(std::size_t from, long long indent) const;
 
-  std::vector<long long> totals;  // before each shift, and behind the last
+  std::vector<Shift> shifts;
+  int smallest = INT_MAX;  // limit
+  // Of the first shifts, as many as stood there when one was applied last: most never are.
+  std::vector<long long> totals{0};  // before each, and behind the last
   BlockTree<Bounds> limits;
 };
 

@@ -9,6 +9,28 @@ constexpr int shortestTabRun = 4;  // fewer blanks are never turned into tabs
 
 }  // namespace
 
+void OutputBuffer::writeRepeated(int count, char character) {
+  while (count > 0) {
+    makeRoom(1);
+    const int piece = std::min(count, static_cast<int>(sizeof(buffer) - used));
+    std::memset(buffer + used, character, static_cast<std::size_t>(piece));
+    used += static_cast<std::size_t>(piece);
+    count -= piece;
+  }
+}
+
+void OutputBuffer::writeLong(std::string_view text, int style) {
+  char before = '\0';
+  while (!text.empty()) {
+    makeRoom(1);
+    const std::string_view piece = text.substr(0, sizeof(buffer) - used);
+    convertCase(buffer + used, piece, style, before);
+    used += piece.size();
+    before = piece.back();
+    text.remove_prefix(piece.size());
+  }
+}
+
 /** A pragma comment is itself printed under its new setting. */
 void Printer::obey(int pragma) {
   if (pragma == T_FORMAT_ON || pragma == T_FORMAT_OFF) formatting = pragma == T_FORMAT_ON ? 1 : 0;
@@ -23,33 +45,21 @@ void Printer::setStyles() {
   }
 }
 
-void Printer::print(const VhdlToken& token) {
-  const int typ = token.getTyp();
-  if (isPragma(typ)) obey(typ);
-  const int blanks = token.countBlanks(formatted);
-  const CaseText source{blanks < 0 ? token.viewText(formatted) : std::string_view(), styles[typ]};
-  if (settings.tabify != 0) {  // only tabs need the column
-    printTabified(typ, blanks, source);
-  } else if (blanks >= 0) {
-    output.writeRepeated(blanks, ' ');
-  } else {
-    output.write(source);
-  }
-}
-
-void Printer::printTabified(int typ, int blanks, CaseText source) {
+void Printer::printTabified(const VhdlToken& token, int blanks) {
   if (blanks >= 0) {
     TabifyWhitespace(column, blanks);
     column = addColumns(column, blanks);
     return;
   }
-  const int length = static_cast<int>(source.text.size());
+  const int typ = token.getTyp();
+  const std::string_view text = token.viewText(formatted);
+  const int length = static_cast<int>(text.size());
   if (typ == T_COMMENT) {
-    Tabify(source.text);
+    Tabify(text);
   } else if (typ == T_WHITESPACE && reachesTabStop(column, length)) {
     TabifyWhitespace(column, length);  // form feeds and all
   } else {
-    output.write(source);
+    output.write(text, styles[typ]);
   }
   column = typ == T_NEWLINE ? 0 : addColumns(column, length);
 }
@@ -61,7 +71,7 @@ void Printer::Tabify(std::string_view text) {
     if (blanks == text.size()) return;  // blanks at the end are left out
     TabifyWhitespace(at, static_cast<int>(blanks));
     const std::size_t end = std::min(text.find(' ', blanks), text.size());
-    output.write({text.substr(blanks, end - blanks), C_ASIS});
+    output.write(text.substr(blanks, end - blanks), C_ASIS);
     at = addColumns(at, static_cast<int>(end));
     text.remove_prefix(end);
   }

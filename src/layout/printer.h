@@ -17,30 +17,26 @@ class OutputBuffer {
   OutputBuffer(const OutputBuffer&) = delete;
   OutputBuffer& operator=(const OutputBuffer&) = delete;
 
-  /** Requires: the padding of the text can be read. A text no longer than that, as most are, is
-     copied and converted as one block of that size, whatever its length. */
-  void write(CaseText source) {
-    if (source.text.size() > caseBlock) {
-      writeLong(source);
+  /** Writes a text in a case style. Requires: its padding can be read. */
+  void write(std::string_view text, int style) {
+    if (text.size() > caseBlock) {
+      writeLong(text, style);
       return;
     }
     makeRoom(caseBlock);
-    convertBlock(buffer + used, source.text.data(), source.style);
-    used += source.text.size();
+    convertBlock(buffer + used, text.data(), style);
+    used += text.size();
   }
-  void writeRepeated(int count, char character) {
-    while (count > 0) {
-      makeRoom(1);
-      const int piece = std::min(count, static_cast<int>(sizeof(buffer) - used));
-      std::memset(buffer + used, character, static_cast<std::size_t>(piece));
-      used += static_cast<std::size_t>(piece);
-      count -= piece;
+  void writeBlanks(int count) {
+    if (count > static_cast<int>(caseBlock)) {
+      writeRepeated(count, ' ');
+      return;
     }
+    makeRoom(caseBlock);
+    std::memset(buffer + used, ' ', caseBlock);
+    used += static_cast<std::size_t>(count);
   }
-  void writeLineEnd() {
-    makeRoom(1);
-    buffer[used++] = '\n';
-  }
+  void writeRepeated(int count, char character);
   void flush() {
     if (used > 0) sink.put({buffer, used});
     used = 0;
@@ -50,17 +46,7 @@ class OutputBuffer {
   void makeRoom(std::size_t count) {
     if (used > sizeof(buffer) - count) flush();
   }
-  void writeLong(CaseText source) {
-    char before = '\0';
-    while (!source.text.empty()) {
-      makeRoom(1);
-      const std::string_view piece = source.text.substr(0, sizeof(buffer) - used);
-      convertCase(buffer + used, piece, source.style, before);
-      used += piece.size();
-      before = piece.back();
-      source.text.remove_prefix(piece.size());
-    }
-  }
+  void writeLong(std::string_view text, int style);
 
   TextSink& sink;
   std::size_t used = 0;
@@ -72,14 +58,25 @@ class Printer {
  public:
   Printer(const Settings& chosen, TextSink& sink) : settings(chosen), output(sink) { setStyles(); }
 
-  void print(const VhdlToken& token);
+  void print(const VhdlToken& token) {
+    const int typ = token.getTyp();
+    if (isPragma(typ)) obey(typ);
+    const int blanks = token.countBlanks(formatted);
+    if (settings.tabify != 0) {  // only tabs need the column
+      printTabified(token, blanks);
+    } else if (blanks >= 0) {
+      output.writeBlanks(blanks);
+    } else {
+      output.write(token.viewText(formatted), styles[typ]);
+    }
+  }
   /** To be called behind the last token. */
   void flush() { output.flush(); }
 
  private:
   void obey(int pragma);
   void setStyles();
-  void printTabified(int typ, int blanks, CaseText source);
+  void printTabified(const VhdlToken& token, int blanks);
   void Tabify(std::string_view text);
   void TabifyWhitespace(int start, int count);
   /** Is a run of that many blanks from `start` on one that becomes tabs? */

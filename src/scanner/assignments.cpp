@@ -23,13 +23,11 @@ int VhdlScanner::targetLengthAhead(const VhdlToken& token) const {
 int VhdlScanner::determineTargetLength(int typ, int orTyp) {
   if (anchorToken()->getLineNo() <= targetEndLine) return targetLength;
   targetLength = prevTargetLength();
-  const AnchorGuard guard(tokenList);
-  if (!goBeforeSemicolon()) return targetLength;
-  const VhdlToken* start = tokenList.getAnchor();
-  if (runEnds[typ] == start) return targetLength;
+  const VhdlToken* start = nextSemicolon();
+  if (start == nullptr || runEnds[typ] == start) return targetLength;
   bool isAssigned = true;  // has the statement in hand shown its assignment token?
   int semicolonLine = 0;
-  while (const VhdlToken* token = stepForward()) {
+  for (const VhdlToken* token = start; token != nullptr; token = token->getNext()) {
     const int next = token->getTyp();
     if (next == T_SEMICOLON) {
       if (!isAssigned) break;
@@ -48,22 +46,14 @@ int VhdlScanner::determineTargetLength(int typ, int orTyp) {
   return targetLength;
 }
 
-bool VhdlScanner::goBeforeSemicolon() {
-  VhdlToken* cursor = tokenList.getAnchor();
-  if (!stopIndex.isBuilt()) {
-    int steps = 0;
-    const VhdlToken* token = stepForward();
-    for (; token != nullptr && token->getTyp() != T_SEMICOLON; token = stepForward()) ++steps;
-    if (token == nullptr) {
-      stopIndex.build(cursor);
-      return false;
-    }
-    stopIndex.countSteps(cursor, tokenList.getAnchor(), steps);
-  } else {
-    tokenList.setAnchor(stopIndex.nextSemicolon());
-  }
-  stepBack();
-  return tokenList.getAnchor() != nullptr;
+const VhdlToken* VhdlScanner::nextSemicolon() {
+  if (stopIndex.isBuilt()) return stopIndex.nextSemicolon();
+  const VhdlToken* cursor = anchorToken();
+  const VhdlToken* token = cursor->getNext();
+  int steps = 0;
+  for (; token != nullptr && token->getTyp() != T_SEMICOLON; token = token->getNext()) ++steps;
+  token == nullptr ? stopIndex.build(cursor) : stopIndex.countSteps(cursor, token, steps);
+  return token;
 }
 
 int VhdlScanner::blanksBeforeAssignment(int typ, int orTyp) {

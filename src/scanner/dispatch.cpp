@@ -172,10 +172,10 @@ int VhdlScanner::determineContext() {
   return context;
 }
 
-int VhdlScanner::findContext() {
-  const AnchorGuard guard(tokenList);
-  while (const VhdlToken* token = stepBack()) {
-    if (tokenList.getAnchor() == contextMark) return contextTyp;  // nothing before it changes
+int VhdlScanner::findContext() const {
+  const VhdlToken* token = anchorToken();
+  while (token != nullptr && (token = token->getPrev()) != nullptr) {
+    if (token == contextMark) return contextTyp;  // nothing before it changes
     switch (token->getTyp()) {
       case T_COLON: return T_COLON;
       case T_ALIAS:

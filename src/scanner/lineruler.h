@@ -77,7 +77,7 @@ class LineRuler {
 /** Columns of a token's text; a tab counts `tabWidth`. */
 [[nodiscard]] inline int countColumns(const VhdlToken& token, int formatted, int tabWidth) {
   const int length = token.textLength(formatted);
-  if (!token.mayHoldTabs()) return length;
+  if (!token.holdsTabs()) return length;
   return addColumns(length, countTabColumns(token, formatted, tabWidth));
 }
 

@@ -167,12 +167,9 @@ int VhdlScanner::setWordColumn(WordKind kind) {
   const int level = getParenLevel();
   if (stopIndex.isBuilt()) return setIndexedWordColumn(level, kind);
   int widest = 0;
-  {
-    const AnchorGuard guard(tokenList);
-    const VhdlToken* token = stepForward();
-    for (; token != nullptr && !endsList(*token, level); token = stepForward()) {
-      widest = std::max(widest, wordWidth(kind, token->getTyp()));
-    }
+  const VhdlToken* ahead = peekForward();
+  for (; ahead != nullptr && !endsList(*ahead, level); ahead = ahead->getNext()) {
+    widest = std::max(widest, wordWidth(kind, ahead->getTyp()));
   }
   if (widest == 0) return 0;
   const AnchorGuard guard(tokenList);
@@ -228,11 +225,10 @@ void VhdlScanner::AssociationList(int level) {
 int VhdlScanner::LongestAssociationIdentifier(int& hasArrow) {
   const int level = getParenLevel();
   if (isLeftOpen(level)) return T_EOF;
-  const VhdlToken* cursor = tokenList.getAnchor();
-  const AnchorGuard guard(tokenList);
+  const VhdlToken* cursor = anchorToken();
   int length = 0;
   int longest = 0;
-  while (const VhdlToken* token = stepForward()) {
+  for (const VhdlToken* token = peekForward(); token != nullptr; token = token->getNext()) {
     const int typ = token->getTyp();
     if (endsList(*token, level)) return longest + 2;
     if (isSpacing(typ)) continue;
@@ -257,14 +253,14 @@ int VhdlScanner::CountListEntries(int level, int separator, int stop) {
     assert(separator == T_COMMA);  // the only one that is indexed
     return stopIndex.countEntries(level, stop);
   }
-  const VhdlToken* cursor = tokenList.getAnchor();
-  const AnchorGuard guard(tokenList);
+  const VhdlToken* cursor = anchorToken();
   int count = 1;
   int steps = 0;
-  for (const VhdlToken* token = stepForward(); token != nullptr; token = stepForward(), ++steps) {
+  for (const VhdlToken* token = peekForward(); token != nullptr;
+       token = token->getNext(), ++steps) {
     if (token->getParenLevel() > level) continue;
     if (token->getTyp() == stop) {
-      stopIndex.countSteps(cursor, tokenList.getAnchor(), steps);
+      stopIndex.countSteps(cursor, token, steps);
       return std::min(count, severalEntries);
     }
     if (token->getTyp() == separator) ++count;

@@ -1,5 +1,5 @@
-// Look-around: what stands beside the anchor. Each walk stops at the first token that decides. The
-// short ones go from node to node, which saves moving the anchor and bringing it back.
+// Look-around: what stands beside the anchor. Each walk stops at the first token that decides. They
+// go from token to token, which saves moving the anchor and bringing it back.
 #include "scanner/vhdlscanner.h"
 
 int VhdlScanner::getParenLevel() const {
@@ -43,9 +43,9 @@ int VhdlScanner::LookForward(int count) const {
   return T_EOF;
 }
 
-int VhdlScanner::prevIsNewline(int mode) {
-  const AnchorGuard guard(tokenList);
-  while (const VhdlToken* token = stepBack()) {
+int VhdlScanner::prevIsNewline(int mode) const {
+  const VhdlToken* token = anchorToken();
+  while (token != nullptr && (token = token->getPrev()) != nullptr) {
     if (token->getTyp() == T_WHITESPACE) continue;
     if (token->getTyp() != T_NEWLINE) return 0;
     if (mode != 1 || token->textLength(1) > 0) return 1;
@@ -53,10 +53,10 @@ int VhdlScanner::prevIsNewline(int mode) {
   return 1;
 }
 
-int VhdlScanner::prevIsLabel() {
-  const AnchorGuard guard(tokenList);
+int VhdlScanner::prevIsLabel() const {
   int hasColon = 0;
-  while (const VhdlToken* token = stepBack()) {
+  const VhdlToken* token = anchorToken();
+  while (token != nullptr && (token = token->getPrev()) != nullptr) {
     const int typ = token->getTyp();
     if (isName(typ)) return hasColon;
     if (typ == T_COLON) {

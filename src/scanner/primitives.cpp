@@ -11,52 +11,27 @@ int blanksBefore(const VhdlToken& behind) {
   return typAt(token) == T_WHITESPACE ? token->textLength(1) : 0;
 }
 
-/** Has the line's first token its blanks already? */
-bool isIndented(const VhdlToken& first, int indent) {
-  const VhdlToken* token = first.getPrev();
-  if (token == nullptr) return false;
-  if (token->getTyp() != T_WHITESPACE) return indent <= 0;
-  return token->isFormatted() && token->textLength(1) == indent;
-}
-
 }  // namespace
 
 void VhdlScanner::setNextSpaces(int count) {
   VhdlToken* next = peekForward();
-  if (next != nullptr && next->getTyp() == T_WHITESPACE) {
+  if (next == nullptr) {
+    tokenList.addItemLast(T_WHITESPACE, getParenLevel())->setFormatBlanks(count);
+  } else if (next->getTyp() == T_WHITESPACE) {
     next->setFormatBlanks(count);
-  } else {
-    insertBlanksBehind(count);
+  } else if (next->getTyp() != T_EOF && count > 0) {
+    tokenList.addItemBefore(*next, T_WHITESPACE, getParenLevel())->setFormatBlanks(count);
   }
 }
 
 void VhdlScanner::setPrevSpaces(int count) {
   VhdlToken* prev = peekBack();
-  if (prev != nullptr && prev->getTyp() == T_WHITESPACE) {
+  if (prev == nullptr) {
+    if (count != 0) tokenList.addItemFirst(T_WHITESPACE, getParenLevel())->setFormatBlanks(count);
+  } else if (prev->getTyp() == T_WHITESPACE) {
     prev->setFormatBlanks(count);
-  } else {
-    insertBlanksBefore(count);
-  }
-}
-
-void VhdlScanner::insertBlanksBehind(int count) {
-  const VhdlToken* next = peekForward();
-  if (next == nullptr) {
-    tokenList.addItemLast(T_WHITESPACE, getParenLevel())->setFormatBlanks(count);
-  } else if (next->getTyp() != T_EOF && count > 0) {
-    const AnchorGuard guard(tokenList);
-    tokenList.addItemAnchor(T_WHITESPACE, getParenLevel())->setFormatBlanks(count);
-  }
-}
-
-void VhdlScanner::insertBlanksBefore(int count) {
-  const int level = getParenLevel();
-  if (peekBack() == nullptr) {
-    if (count != 0) tokenList.addItemFirst(T_WHITESPACE, level)->setFormatBlanks(count);
   } else if (count > 0) {
-    const AnchorGuard guard(tokenList);
-    stepBack();
-    tokenList.addItemAnchor(T_WHITESPACE, level)->setFormatBlanks(count);
+    tokenList.addItemBehind(*prev, T_WHITESPACE, getParenLevel())->setFormatBlanks(count);
   }
 }
 
@@ -125,16 +100,13 @@ void VhdlScanner::singleSpace() {
 }
 
 void VhdlScanner::IndentLine(int delta) {
-  VhdlToken* place = tokenList.getAnchor();
-  if (place == nullptr) return;
-  VhdlToken* first = ruler.findFirst(place);
+  VhdlToken* place = anchorToken();
+  VhdlToken* first = place == nullptr ? nullptr : ruler.findFirst(place);
   if (first == nullptr) return;
-  VhdlToken& token = *first;
-  if (delta != 0) token.setIndent(addColumns(token.getIndent(), delta));
-  if (isIndented(*first, token.getIndent())) return;
-  const AnchorGuard guard(tokenList);
-  tokenList.setAnchor(first);
+  if (delta != 0) first->setIndent(addColumns(first->getIndent(), delta));
   const int before = blanksBefore(*first);
-  setPrevSpaces(token.getIndent());
+  tokenList.setAnchor(first);
+  setPrevSpaces(first->getIndent());
+  tokenList.setAnchor(place);
   ruler.indented(first, blanksBefore(*first) - before);
 }

@@ -101,9 +101,9 @@ class VhdlScanner {
   /** Is the next token that is neither blank nor line end an ordinary comment? */
   int nextIsComment() const;
   /** Does the anchor stand first on its line? With mode 1 emptied line ends don't count as such. */
-  int prevIsNewline(int mode);
+  int prevIsNewline(int mode) const;
   /** Do an identifier and a colon, and perhaps the word postponed, stand before the anchor? */
-  int prevIsLabel();
+  int prevIsLabel() const;
   /** Code of the count-th token ahead that is no blank, line end or comment; T_EOF at the end. */
   int LookForward(int count) const;
   /** Columns before the anchor on its line: of the output as far as it is laid out with mode 1, of
@@ -134,8 +134,6 @@ class VhdlScanner {
 
   void setNextSpaces(int count);
   void setPrevSpaces(int count);
-  void insertBlanksBehind(int count);
-  void insertBlanksBefore(int count);
   /** Ends the line behind the anchor and moves the anchor onto the line end; does nothing where a
       comment follows on the line. */
   void setNextNewline();
@@ -196,7 +194,7 @@ class VhdlScanner {
   bool waitFor(int typ, int orTyp);
   /** T_COLON if the anchor belongs to a declaration or stands behind a label, else -1. */
   int determineContext();
-  int findContext();
+  int findContext() const;
 
   // --- Design units and structures (units.cpp) ---
 
@@ -346,8 +344,8 @@ class VhdlScanner {
   int targetLengthAhead(const VhdlToken& token) const;
   /** The longest target of the run of statements that starts with the anchor's. */
   int determineTargetLength(int typ, int orTyp);
-  /** Moves the anchor before the next semicolon ahead. False if there is none. */
-  bool goBeforeSemicolon();
+  /** The next semicolon ahead, or null. */
+  const VhdlToken* nextSemicolon();
   /** Blanks before the anchor that bring it to the column of the run. */
   int blanksBeforeAssignment(int typ, int orTyp);
 
@@ -360,25 +358,17 @@ class VhdlScanner {
   struct LineInHand;
   void LineBreak();
   void drawOutComment(VhdlToken& comment);
-  /** Mends the line that the anchor token makes too long. 0 if it was broken or a comment was dealt
-      with: the anchor is on the token before the next one to visit. 1 if there is no place to
-     break: the anchor stays. */
-  int WrapLine(LineInHand& line);
-  /** The best token to break behind, left of the anchor on its line, or null. The search ends at
-      `hopeless`, left of which there is none. The anchor stays. */
-  VhdlToken* findBreak(const VhdlToken* hopeless);
-  /** The comment behind a node, if nothing but blanks stands between. The anchor stays. */
-  const VhdlToken* commentBehind(VhdlToken* node);
-  /** Ends the line behind the anchor token and moves the anchor onto the new line end. */
-  void breakBehindAnchor(LineInHand& line);
-  /** Brings the columns behind the anchor up to date as far as a break before it needs them: over
-      blanks, which go with the break, to the first token behind them. */
-  void SetColumnsInLine();
-  /** Moves the indents of the line behind the anchor, its first token, along with it. */
-  void ReindentLine(LineInHand& line);
-  /** Brings columns and indents behind the anchor up to date, to the end of its line. */
-  void finishLine(LineInHand& line);
-  void breakComments(LineInHand& line);
+  /** Mends the line that a token makes too long. Returns the token before the next one to visit if
+      the line was broken or a comment was dealt with; null if there is no place to break. */
+  VhdlToken* WrapLine(VhdlToken& overflow, LineInHand& line);
+  /** Ends the line behind a token. Returns the new line end. */
+  VhdlToken* breakBehind(VhdlToken& candidate, LineInHand& line);
+  /** Moves the indents of the line behind its first token along with that one. */
+  void ReindentLine(const VhdlToken& first, LineInHand& line);
+  /** Brings columns and indents behind a token up to date, to the end of its line. */
+  void finishLine(const VhdlToken& overflow, LineInHand& line);
+  /** Mends the comments from a place on. Returns the token before the next one to visit. */
+  VhdlToken* breakComments(VhdlToken& place, LineInHand& line);
   /** Shortens or splits the first comment at or behind the anchor, and all comments that follow
      with nothing but blanks and line ends between. Moves the anchor behind the last of them. */
   void BreakComment();

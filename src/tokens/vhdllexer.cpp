@@ -145,7 +145,10 @@ template <bool isModern>
 void Lexer<isModern>::add(Match match) {
   const std::string_view text = take(match.length);
   state.tabs.advance(text.size());
-  addToken(match.typ, text);
+  VhdlToken& token = addToken(match.typ, text);
+  if (keepsTabs(match.typ) || *text.data() == '\\') {
+    token.setHoldsTabs(text.find('\t') != std::string_view::npos);
+  }
   if (match.typ == T_RPAREN) --state.parenLevel;
   if (match.typ == T_NEWLINE) {
     state.tabs.setColumn(0);

@@ -50,8 +50,8 @@ class VhdlToken : public OldListItem<VhdlToken> {
   }
   int getLineNo() const { return lineNo; }
   void setLineNo(int line) { lineNo = line; }
-  int getParenLevel() const { return parenLevel; }
-  void setParenLevel(int level) { parenLevel = level; }
+  int getParenLevel() const { return place; }
+  void setParenLevel(int level) { place = level; }
   int getIndent() const { return indent; }
   void setIndent(int amount) { indent = amount; }
   int getGravity() const { return gravity; }
@@ -59,8 +59,8 @@ class VhdlToken : public OldListItem<VhdlToken> {
   void setGravity(int priority) {
     gravity = static_cast<std::int8_t>(std::clamp<int>(priority, INT8_MIN, INT8_MAX));
   }
-  int getColumn() const { return column; }
-  void setColumn(int place) { column = place; }
+  int getColumn() const { return place; }
+  void setColumn(int column) { place = column; }
 
   // --- Texts ---
   //
@@ -105,10 +105,9 @@ class VhdlToken : public OldListItem<VhdlToken> {
     }
     return format == LINE_END ? lineEnd : ownFormatText();
   }
-  /** Is it an identifier between backslashes, which may hold any character? */
-  bool isExtended() const { return typ == T_IDENTIFIER && *sourceText() == '\\'; }
-  /** May a tab stand in its text? Those of blanks, comments and attributes have been expanded. */
-  bool mayHoldTabs() const { return keepsTabs(typ) || isExtended(); }
+  /** Does a tab stand in its text? Those of blanks, comments and attributes have been expanded. */
+  bool holdsTabs() const { return hasTabs; }
+  void setHoldsTabs(bool holds) { hasTabs = holds; }
   /** Takes the space characters out of the effective text. */
   void deleteSpaces(Arena& arena);
 
@@ -127,7 +126,7 @@ class VhdlToken : public OldListItem<VhdlToken> {
       `target`. 0: no place to break; below 0: nor is the token before it. */
   int getWrapGravity(int target) const {
     if (gravity < 1) return gravity;
-    return typ != T_NEWLINE && column > target ? column - target + gravity : 0;
+    return typ != T_NEWLINE && place > target ? place - target + gravity : 0;
   }
 
   // --- Comments (layout/commenttext.cpp) ---
@@ -158,7 +157,7 @@ class VhdlToken : public OldListItem<VhdlToken> {
       : text(source),
         length(size),
         typ(static_cast<std::int16_t>(code)),
-        parenLevel(level),
+        place(level),
         lineNo(line) {}
   static constexpr char lineEndRoom[1 + textPadding] = "\n";
   static constexpr std::string_view lineEnd{lineEndRoom, 1};
@@ -177,12 +176,16 @@ class VhdlToken : public OldListItem<VhdlToken> {
   int format = UNFORMATTED;  // what is printed instead
   std::int16_t typ;
   std::int8_t gravity = 1;  // wrap priority; written by VhdlScanner::getNextToken
-  bool hasTexts = false;
-  int parenLevel;  // depth of parentheses; 1 between the outermost pair
+  bool hasTexts : 1 = false;
+  bool hasTabs : 1 = false;
+  // Depth of parentheses, 1 between the outermost pair, which lines are laid out by; from the
+  // wrapping on, which no longer asks for it, a column. Two numbers would take a seventh more
+  // memory.
+  int place;
   int indent = 0;  // columns, if the token comes first on its line
-  int column = 0;  // columns; written by the line layout
   int lineNo;      // source line; 0 if the formatter inserted the token
 };
+static_assert(sizeof(VhdlToken) <= 48 || sizeof(void*) != 8);
 static_assert(std::is_trivially_destructible_v<VhdlToken>, "a list lets go of its tokens unseen");
 
 using TokenList = OldList<VhdlToken>;

@@ -29,6 +29,7 @@ Settings settingsBy(std::string_view header) {
   Settings settings;
   if (header.empty()) return settings;
   settings.lineWidth = std::array{80, 1, 20, 40}[byteAt(header, 1) % 4];
+  settings.vhdl = std::array{2008, 1993, 2019, 1993}[byteAt(header, 1) / 4 % 4];
   settings.tabify = static_cast<int>(byteAt(header, 2) % 2);
   settings.extendComments = static_cast<int>(byteAt(header, 3) % 2);
   settings.frameBlockComments = static_cast<int>(byteAt(header, 4) % 2);

@@ -94,8 +94,7 @@ ExitStatus run(int argc, char** argv) {
   }
   Settings settings;
   if (configure(options, settings) != 0) return STATUS_FAILED;
-  VhdlScanner& scanner =
-      *new VhdlScanner(settings);  // goes with the process, sooner than by a walk
+  static VhdlScanner& scanner = *new VhdlScanner(settings);  // goes with the process
   if (options.getFlag('i') == 1) scanner.setIncludeOption();
   if (options.getFirstArgument() == nullptr) return formatStandardInput(scanner);
   return formatFiles(options, scanner);

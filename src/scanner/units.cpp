@@ -165,7 +165,7 @@ bool VhdlScanner::endsAlternative() const {
   return next == T_SEMICOLON || (isName(next) && LookForward(2) == T_SEMICOLON);
 }
 
-bool VhdlScanner::endsSpecification() const {
+bool VhdlScanner::endsBindingFor() const {
   return isModern() && inConfiguration == 0 && LookForward(1) == T_FOR;
 }
 
@@ -176,7 +176,7 @@ void VhdlScanner::End() {
     endLine();
     return;
   }
-  if (endsSpecification()) {
+  if (endsBindingFor()) {
     waitForSemiColon();
     endLine();
     return;

@@ -220,8 +220,8 @@ class VhdlScanner {
   void End();
   /** `end;` or `end LABEL;` of an alternative of a generate statement, which goes on. */
   bool endsAlternative() const;
-  /** `end for;` of a configuration specification, whose semicolon has closed its level. */
-  bool endsSpecification() const;
+  /** `end for;` of a binding in a declarative part, whose semicolon has closed its level. */
+  bool endsBindingFor() const;
   /** The anchor goes out to the level of the head of its structure, whose next part stands behind;
       in a case generate statement to that of the choice. */
   void stepOut();

@@ -24,6 +24,7 @@ namespace {
 constexpr std::size_t mostSampleBytes = 1'000'000;
 constexpr std::size_t mostSampleFiles = 100;
 constexpr int mostRounds = 4;
+constexpr long long leastWorth = 2000;  // a key has to save one line of so many
 
 // --- What a trial costs ---
 
@@ -275,7 +276,7 @@ long long Search::worthOf(const Setting& row) {
   return static_cast<long long>(results[1].changed) - static_cast<long long>(results[0].changed);
 }
 
-/** Puts keys that gain nothing back to their defaults, and notes what the others gain. */
+/** Puts keys that gain next to nothing back to their defaults, and notes what the others gain. */
 void Search::weighKeys() {
   const Settings defaults;
   for (const Setting& row : settingTable()) {
@@ -285,7 +286,7 @@ void Search::weighKeys() {
       chosen.push_back({row.key, cases[static_cast<std::size_t>(row.group)].remark});
     } else if (row.number != nullptr && best.*row.number != defaults.*row.number) {
       const long long worth = worthOf(row);
-      if (worth <= 0) {
+      if (worth <= static_cast<long long>(lines) / leastWorth) {
         setNumber(best, row, defaults.*row.number);
       } else {
         chosen.push_back({row.key, percent(static_cast<double>(worth), static_cast<double>(lines)) +

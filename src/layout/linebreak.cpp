@@ -137,6 +137,8 @@ void VhdlScanner::drawOutComment(VhdlToken& comment) {
 }
 
 VhdlToken* VhdlScanner::WrapLine(VhdlToken& overflow, LineInHand& line) {
+  // An emptied blank behind an unbreakable line: a break before it would take the line end away.
+  if (isModern() && overflow.textLength(1) == 0) return nullptr;
   overflow.setColumn(heldInRange(overflow.getColumn() + line.surplus));
   assert(overflow.getColumn() == ruler.read(&overflow, settings.indentation).column);
   VhdlToken* candidate = findBreak(overflow, line.hopeless);

@@ -72,8 +72,9 @@ class Lexer {
         isOdd(source.view().find('\0') != std::string_view::npos || source.view().size() > INT_MAX),
         state(counters),
         yytoklist(list) {}
-  /** Adds all tokens of the source, T_EOF last. */
-  void addTokens();
+  /** Adds all tokens of the source, T_EOF last. Flat, or the two instances would share the rules as
+      calls. */
+  [[gnu::flatten]] void addTokens();
 
  private:
   // Each finds the token at `at`. Those whose texts are not as in the source add it themselves and

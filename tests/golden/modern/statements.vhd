@@ -16,6 +16,7 @@ case? req is when ('1', others => '0') => x := y ?/= z; when others => null; end
 << signal dut.q : bit >> <= force '1'; q <= release;
 q <= force in '0' when ?? a else '1' when b!c else (b when c else d);
 exit main when (a, b) = (c => 1, d => 2);
+report "far beyond the end of the line, and with blanks behind the semicolon";   
 return f(a => 1) when x else (others => 0); return when done;
 check(<<constant ^.dut.n : natural>> = 4, "n");
 assume := cover(2); release(3);

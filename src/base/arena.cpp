@@ -42,7 +42,11 @@ char* newSlab(std::size_t size) {
 }
 
 void freeSlab(char* slab, std::size_t size) {
-  isLarge(size) ? ::operator delete (slab, std::align_val_t{largePage}) : ::operator delete(slab);
+  if (isLarge(size)) {
+    ::operator delete (slab, std::align_val_t{largePage});
+  } else {
+    ::operator delete(slab);
+  }
 }
 
 }  // namespace

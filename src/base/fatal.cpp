@@ -3,7 +3,6 @@
 
 #include <atomic>
 #include <cstdio>
-#include <thread>
 
 #include "base/exitstatus.h"
 
@@ -37,7 +36,8 @@ void fatalError(const char* message, const char* reason) {
     isReported = true;
   }
   if (ending != nullptr) {
-    while (!isReported) std::this_thread::yield();  // another thread's words come out whole
+    while (!isReported) {  // another thread's line comes out whole
+    }
     ending(STATUS_FATAL);
   }
   endRun(STATUS_FATAL);

@@ -100,12 +100,13 @@ TEST(Comparison, RefusesOtherComments) {
 
 TEST(Comparison, RefusesLinesOfOtherLanguages) {
   expectVerdicts({
-      {"a // b\nc", "a // b c", "change \"// b\", which is no VHDL"},
-      {"a;\n#if B\nc", "a; #if B\nc", "change \"#if B\", which is no VHDL"},
-      {"all:\n\t$(CC) $<", "all :\n    $(cc) $<", "change \"$(CC) $<\", which is no VHDL"},
+      {"a // b\nc", "a // b c", "change \"// b\", which is not VHDL"},
+      {"a;\n#if B\nc", "a; #if B\nc", "change \"#if B\", which is not VHDL"},
+      {"all:\n\t$(CC) $<", "all :\n    $(cc) $<", "change \"$(CC) $<\", which is not VHDL"},
       {"`if a then\nb", "`if a then b", "change lines that have to stay as they are"},
       {"`protect begin_protected\nAb=\n`protect end_protected",
-       "`protect begin_protected\nab=\n`protect end_protected", "change \"Ab=\", which is no VHDL"},
+       "`protect begin_protected\nab=\n`protect end_protected",
+       "change \"Ab=\", which is not VHDL"},
   });
   EXPECT_EQ(verdict({"a\0b", 3}, "ab"), "change \"a\" to \"ab\"");
 }

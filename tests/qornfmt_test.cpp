@@ -18,16 +18,16 @@ TEST(QornfmtTest, TellsItsCommandLine) {
     const char* complaint;
   } rows[] = {
       {"--nosuch", "unrecognized option '--nosuch'"},
-      {"--lines 0:3 a.vhd", "--lines wants FIRST:LAST, counted from 1: 0:3"},
-      {"--lines 1:3 a.vhd b.vhd", "--lines wants one file, or standard input"},
-      {"-j 0", "-j wants a number from 1 to 1024, not \"0\""},
-      {"--staged --changed", "--staged and --changed exclude each other"},
+      {"--lines 0:3 a.vhd", "--lines needs FIRST:LAST, counted from 1: 0:3"},
+      {"--lines 1:3 a.vhd b.vhd", "--lines needs one file, or standard input"},
+      {"-j 0", "-j needs a number from 1 to 1024, not \"0\""},
+      {"--staged --changed", "--staged and --changed cannot be combined"},
       {"--staged -", "--staged and --changed take files from git, not standard input"},
       {"a.vhd -", "standard input (-) can't be formatted along with files"},
       {"--settings --check", "--settings prints settings and formats nothing"},
       {"--guess --check", "--guess looks at files and prints settings"},
       {"--stdin-filename a.vhd b.vhd", "--stdin-filename is for standard input alone"},
-      {"--changed=--output=x", "--changed wants a commit after the \"=\""},
+      {"--changed=--output=x", "--changed needs a commit after the \"=\""},
   };
   for (const auto& row : rows) {
     const ProgramRun run = shell(folder, std::string("qornfmt ") + row.options);
@@ -60,7 +60,7 @@ TEST(QornfmtTest, FormatsFilesAndFolders) {
        "echo all: >Makefile; mkfifo f.vhd; qornfmt Makefile nosuch.vhd f.vhd a.vhd; echo $?;"
        " qornfmt -q --force --check Makefile",
        1, "2\nMakefile\n",
-       "Makefile: no ending of VHDL; --force formats it all the same\n"
+       "Makefile: not the name of a VHDL file; --force formats it anyway\n"
        "nosuch.vhd: No such file or directory\nf.vhd: not a regular file\n1 file formatted\n"},
       {"a diff for patch, status 1",
        "cp a.vhd b.vhd; qornfmt --diff a.vhd >d; echo $?; patch -p1 <d; qornfmt b.vhd; cmp a.vhd "
@@ -85,7 +85,7 @@ TEST(QornfmtTest, FiltersStandardInput) {
       {"of lines", "printf 'use a ;\\nuse b ;\\nuse c ;\\n' | qornfmt --lines 2:2", 0,
        "use a ;\nUSE b;\nuse c ;\n", ""},
       {"refused, nothing is printed", "printf 'x\\n\\0' | qornfmt --stdin-filename x.vhd", 2, "",
-       "x.vhd:2: a NUL byte, so this is no text\n"},
+       "x.vhd:2: a NUL byte, so this is not text\n"},
   });
 }
 

@@ -58,15 +58,15 @@ TEST(SettingCheckTest, WhatHasNoEffectIsReported) {
        "rc:1: 0: LINEWIDTH takes a number from 20 to 10000\n"
        "rc:1: 1000000: IDENTLENGTH takes a number from 1 to 1000\n"
        "rc:2: 99999999999999: TABSIZE takes a number from 1 to 16"},
-      {"no whole number", "INDENT -2 TABSIZE 4.5",
-       "rc:1: -2: no whole number (read as 2)\nrc:1: 4.5: no whole number (read as 4)"},
+      {"not a whole number", "INDENT -2 TABSIZE 4.5",
+       "rc:1: -2: not a whole number (read as 2)\nrc:1: 4.5: not a whole number (read as 4)"},
       {"a second value", "TABSIZE 8 4 FALSE",
        "rc:1: 4: dropped, TABSIZE has the value 8\nrc:1: FALSE: dropped, TABSIZE has the value 8"},
       {"a number where a word was meant", "VHDL2008 FALSE\nBLOCKHEADER VERBOSE",
        "rc:1: FALSE: dropped, VHDL has the value 2008\n"
        "rc:2: VERBOSE: BLOCKHEADER takes WRAPPED or LIST"},
       {"no such edition", "VHDL 2001", "rc:1: 2001: VHDL takes 1993, 2008 or 2019"},
-      {"a value without a key", "4 TABSIZE 8", "rc:1: 4: stands before the first key"},
+      {"a value without a key", "4 TABSIZE 8", "rc:1: 4: is before the first key"},
       {"no value", "LINEWIDTH\nTABSIZE 8", "rc:1: LINEWIDTH: no value"},
       {"a key twice", "INDENT 2\nINDENTATION 3\nINDENT",
        "rc:1: INDENTATION: set again in line 2\nrc:3: INDENTATION: no value"},
@@ -124,8 +124,9 @@ TEST(SettingCheckTest, SettingsAreShownWithTheirOrigins) {
             "BACKUPFILEEXTENSION     '\"'         # a/.qornrc:3\n");
   EXPECT_EQ(joined(check.complaints).find("INDENTATION: set again"), std::string::npos)
       << "files may overrule each other";
-  EXPECT_NE(joined(check.complaints).find("b/.qornrc:1: 3: is the value of a file before, TABSIZE"),
-            std::string::npos);
+  EXPECT_NE(
+      joined(check.complaints).find("b/.qornrc:1: 3: belongs to a key of an earlier file, TABSIZE"),
+      std::string::npos);
 }
 
 }  // namespace

@@ -20,7 +20,7 @@ for command in qornfmt git-qorn
     complete -c $command -l guess -d 'Print the settings that suit the files'
     complete -c $command -s j -l jobs -x -d 'Number of threads'
     complete -c $command -s q -l quiet -d 'Print no summaries and no warnings'
-    complete -c $command -l force -d 'Format files with any ending'
+    complete -c $command -l force -d 'Format files with any suffix'
     complete -c $command -l help -d 'Print the usage'
     complete -c $command -l version -d 'Print the version'
 end

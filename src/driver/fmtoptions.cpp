@@ -19,7 +19,7 @@ const char* const fmtUsage =
     "\n"
     "      --check               change nothing, list what would change\n"
     "      --diff                change nothing, print what would change, for patch -p1\n"
-    "      --lines A:B           only these lines, from 1 on, of one file; may be repeated\n"
+    "      --lines A:B           only these lines of one file, from 1; may be repeated\n"
     "      --staged              what is staged for git's next commit: its changed lines\n"
     "      --changed[=REV]       lines changed since a commit (HEAD), and files unknown to git\n"
     "      --stdin-filename NAME what standard input is called, for settings and messages\n"
@@ -27,9 +27,9 @@ const char* const fmtUsage =
     "                            nearest .qornrc in the folder of a file or above\n"
     "      --settings [PATH]     print the settings that apply there, and what has no effect\n"
     "      --guess               print the settings that suit the sources as they are\n"
-    "  -j, --jobs N              threads; else one a core\n"
+    "  -j, --jobs N              threads; by default one per core\n"
     "  -q, --quiet               print no summaries and no warnings\n"
-    "      --force               format files with any ending\n"
+    "      --force               format files with any suffix\n"
     "  -h, --help                print this text\n"
     "      --version             print the version\n"
     "\n"
@@ -82,7 +82,7 @@ std::string readJobs(std::string_view text, unsigned& threads) {
   constexpr int mostThreads = 1024;
   const std::optional<int> number = positiveNumber(text);
   if (!number || *number > mostThreads) {
-    return "-j wants a number from 1 to 1024, not \"" + std::string(text) + '"';
+    return "-j needs a number from 1 to 1024, not \"" + std::string(text) + '"';
   }
   threads = static_cast<unsigned>(*number);
   return {};
@@ -95,7 +95,7 @@ std::string readOption(int letter, FmtOptions& options) {
     case OPTION_DIFF: options.isDiff = true; return {};
     case OPTION_LINES:
       return options.lines.addParsed(value) ? ""
-                                            : "--lines wants FIRST:LAST, counted from 1: " + value;
+                                            : "--lines needs FIRST:LAST, counted from 1: " + value;
     case OPTION_STAGED: options.isStaged = true; return {};
     case OPTION_CHANGED:
       options.isChanged = true;
@@ -106,7 +106,7 @@ std::string readOption(int letter, FmtOptions& options) {
     case OPTION_GUESS: options.isGuess = true; return {};
     case OPTION_FORCE: options.isForced = true; return {};
     case OPTION_VERSION: options.isVersion = true; return {};
-    case 'c': options.configFile = value; return value.empty() ? "-c wants the name of a file" : "";
+    case 'c': options.configFile = value; return value.empty() ? "-c needs the name of a file" : "";
     case 'j': return readJobs(value, options.threads);
     case 'q': options.isQuiet = true; return {};
     default: options.isHelp = true; return {};
@@ -123,23 +123,23 @@ std::string findContradiction(const FmtOptions& options) {
     bool applies;
     const char* complaint;
   } rows[] = {
-      {options.isStaged && options.isChanged, "--staged and --changed exclude each other"},
+      {options.isStaged && options.isChanged, "--staged and --changed cannot be combined"},
       {isOfGit && !options.lines.isEmpty(),
-       "git tells the lines with --staged and --changed; leave out --lines"},
+       "--lines cannot be combined with --staged or --changed"},
       {isOfGit && hasInput, "--staged and --changed take files from git, not standard input"},
       {hasInput && options.paths.size() > 1,
        "standard input (-) can't be formatted along with files"},
       {!options.lines.isEmpty() && options.paths.size() > 1,
-       "--lines wants one file, or standard input"},
+       "--lines needs one file, or standard input"},
       {options.isGuess &&
            (isJudging || options.isSettings || hasInput || !options.configFile.empty()),
        "--guess looks at files and prints settings"},
       {options.isSettings && isJudging, "--settings prints settings and formats nothing"},
-      {options.isSettings && options.paths.size() > 1, "--settings wants one path"},
+      {options.isSettings && options.paths.size() > 1, "--settings needs one path"},
       {!options.inputName.empty() && !options.paths.empty() && !hasInput,
        "--stdin-filename is for standard input alone"},
       {options.revision.empty() || options.revision.starts_with('-'),
-       "--changed wants a commit after the \"=\""},
+       "--changed needs a commit after the \"=\""},
   };
   for (const auto& row : rows) {
     if (row.applies) return row.complaint;

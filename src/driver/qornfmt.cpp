@@ -87,7 +87,7 @@ FmtStatus formatInput(const FmtOptions& options, SettingSource& settings) {
 FmtStatus formatPaths(const FmtOptions& options, SettingSource& settings) {
   SourcePaths sources = findSources(options.paths, options.isForced);
   if (!options.lines.isEmpty() && stateOf(options.paths[0].c_str()).kind == FOLDER) {
-    return fail("--lines wants one file, and " + options.paths[0] + " is a folder");
+    return fail("--lines needs one file, and " + options.paths[0] + " is a folder");
   }
   std::vector<FileTask> tasks;
   for (std::string& file : sources.files) {

@@ -65,7 +65,7 @@ std::string deedOf(const Piece& old, const Piece& fresh, const Piece& nextOld,
   const std::string shown = quoted(old.text);
   if (isLayout(old.kind) || isLayout(fresh.kind))
     return "change lines that have to stay as they are";
-  if (old.kind == PieceKind::FOREIGN) return "change " + shown + ", which is no VHDL";
+  if (old.kind == PieceKind::FOREIGN) return "change " + shown + ", which is not VHDL";
   if (isExclamation(old)) return "change " + shown + " to " + quoted(withBar(old.text));
   if (fresh.kind == PieceKind::END || isSamePiece(nextOld, fresh)) return "lose " + shown;
   if (old.kind == PieceKind::END || isSamePiece(old, nextFresh)) return "add " + quoted(fresh.text);

@@ -86,7 +86,7 @@ bool GitTree::open() {
   if (!run({"rev-parse", "--is-inside-work-tree", "--show-prefix"}, answer)) return false;
   std::string_view lines = answer;
   if (take(lines, '\n') != "true") {
-    trouble = "git: this is no work tree";
+    trouble = "git: this is not a work tree";
     return false;
   }
   if (lines.ends_with('\n')) lines.remove_suffix(1);

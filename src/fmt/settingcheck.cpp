@@ -229,7 +229,7 @@ std::string Checker::judgement(std::string_view written, const Setting* waiting)
     const std::string guess = meant->text == readAs ? "" : "; " + std::string(meant->text) + "?";
     return "no such " + std::string(noun) + guess;
   }
-  if (isAsciiDigit(written.back())) return "no whole number";
+  if (isAsciiDigit(written.back())) return "not a whole number";
   if (std::ranges::none_of(written, isLetter)) return "without effect";
   if (waiting == nullptr || waiting->kind == SETTING_NONE) return "no such key";
   return "no such value; " + std::string(configName(waiting->key)) + " takes " +
@@ -262,7 +262,7 @@ void Checker::giveValue(const ConfigPiece& piece, bool isGuessed) {
   } else if (isGuessed || isIdle || isAfterUnknown) {
     return;  // there is a complaint about what stands before the value
   } else if (keys.empty()) {
-    complain(shown(piece.text) + ": stands before the first key");
+    complain(shown(piece.text) + ": is before the first key");
   } else {
     complain(shown(piece.text) + ": dropped, " + nameOf(keys.back()) + " has the value " +
              shown(keys.back().value));
@@ -272,7 +272,7 @@ void Checker::giveValue(const ConfigPiece& piece, bool isGuessed) {
 void Checker::judgeValue(const ConfigPiece& piece, const Key& key) {
   const std::string value = shown(piece.text) + ": ";
   if (key.place.file != place.file)
-    complain(value + "is the value of a file before, " + nameOf(key));
+    complain(value + "belongs to a key of an earlier file, " + nameOf(key));
   if (!isSensibleValue(*key.setting, piece)) {
     complain(value + nameOf(key) + " takes " + valuesText(*key.setting));
   } else if (piece.text.find('\n') != std::string_view::npos) {

@@ -54,7 +54,7 @@ void Finder::addNamed(const std::string& path) {
   if (state.kind == FOLDER) return walk(path);
   if (state.kind != REGULAR_FILE) return complain(path, "not a regular file");
   if (!isForced && !isVhdlName(path)) {
-    return complain(path, "no ending of VHDL; --force formats it all the same");
+    return complain(path, "not the name of a VHDL file; --force formats it anyway");
   }
   addFile(path, state);
 }

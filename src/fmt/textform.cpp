@@ -19,7 +19,7 @@ Unreadable findUnreadable(std::string_view content) {
   }
   const std::size_t zero = content.find('\0');
   if (zero == std::string_view::npos) return {};
-  return {"a NUL byte, so this is no text", lineOf(content, zero)};
+  return {"a NUL byte, so this is not text", lineOf(content, zero)};
 }
 
 TextForm takeOffForm(std::string_view content, std::string& text) {

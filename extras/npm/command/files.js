@@ -87,7 +87,7 @@ export function findSources(paths, isForced) {
       else if (!state.isFile()) complain(path, 'not a regular file');
       else if (isForced || sourceEnding.test(`/${path}`) || writtenEnding.test(`/${path}`))
         add(path);
-      else complain(path, 'no ending of VHDL; --force formats it all the same');
+      else complain(path, 'not the name of a VHDL file; --force formats it anyway');
     } catch (error) {
       complain(path, reasonOf(error));
     }

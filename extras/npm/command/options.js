@@ -10,14 +10,14 @@ layout of comments may differ.
 
       --check               change nothing, list what would change
       --diff                change nothing, print what would change, for patch -p1
-      --lines A:B           only these lines, from 1 on, of one file; may be repeated
+      --lines A:B           only these lines of one file, from 1; may be repeated
       --stdin-filename NAME what standard input is called, for settings and messages
   -c, --config FILE         settings from this file alone; else from $QORNRC, or from the
                             nearest .qornrc in the folder of a file or above
       --settings [PATH]     print the settings that apply there, and what has no effect
   -j, --jobs N              without effect here
   -q, --quiet               print no summaries and no warnings
-      --force               format files with any ending
+      --force               format files with any suffix
   -h, --help                print this text
       --version             print the version
 
@@ -71,12 +71,12 @@ function findContradiction(options, paths) {
   const isJudging = options.check || options.diff || options.lines;
   /** @type {[unknown, string][]} */
   const rows = [
-    [wrong !== undefined, `--lines wants FIRST:LAST, counted from 1: ${wrong}`],
-    [options.config === '', '-c wants the name of a file'],
+    [wrong !== undefined, `--lines needs FIRST:LAST, counted from 1: ${wrong}`],
+    [options.config === '', '-c needs the name of a file'],
     [hasInput && paths.length > 1, "standard input (-) can't be formatted along with files"],
-    [options.lines && paths.length > 1, '--lines wants one file, or standard input'],
+    [options.lines && paths.length > 1, '--lines needs one file, or standard input'],
     [options.settings && isJudging, '--settings prints settings and formats nothing'],
-    [options.settings && paths.length > 1, '--settings wants one path'],
+    [options.settings && paths.length > 1, '--settings needs one path'],
     [
       options['stdin-filename'] && paths.length > 0 && !hasInput,
       '--stdin-filename is for standard input alone',

@@ -203,8 +203,8 @@ async function copy(button, text) {
 }
 
 function download() {
-  const url = URL.createObjectURL(new Blob([config.value], { type: 'text/plain' }));
-  make('a', { href: url, download: '.qornrc' }).click();
+  const url = URL.createObjectURL(new Blob([config.value], { type: 'application/octet-stream' }));
+  make('a', { href: url, download: 'qornrc' }).click();
   setTimeout(() => URL.revokeObjectURL(url), 60000);
 }
 

@@ -17,7 +17,9 @@ async function open(t, { hash = '', ...options } = {}) {
   const page = await context.newPage();
   const errors = [];
   page.on('pageerror', (error) => errors.push(error.message));
-  page.on('request', ({ url }) => /^(file|blob|data):/.test(url()) || errors.push(url()));
+  page.on('request', (request) => {
+    if (!/^(file|blob|data):/.test(request.url())) errors.push(request.url());
+  });
   t.after(async () => {
     await context.close();
     assert.deepEqual(errors, []);
@@ -61,7 +63,7 @@ test('text, form, configuration and address follow each other', async (t) => {
     other.waitForEvent('download'),
     other.getByRole('button', { name: 'Download' }).click(),
   ]);
-  assert.match(file.suggestedFilename(), /qornrc$/);
+  assert.equal(file.suggestedFilename(), 'qornrc');
   await other.locator('#load').setInputFiles({
     name: 'x',
     mimeType: 'text/plain',
@@ -114,7 +116,7 @@ test('a megabyte keeps the page answering', async (t) => {
       longest = Math.max(longest, performance.now() - last);
       last = performance.now();
     }, 5);
-    for (let i = 0; i < 20; ++i) {
+    for (let i = 0; i < 5; ++i) {
       document.execCommand('insertText', false, 'x');
       await new Promise((resolve) => setTimeout(resolve, 50));
     }

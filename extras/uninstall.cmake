@@ -1,0 +1,17 @@
+# Removes what `cmake --install` has installed, and the folders that this leaves empty. The target `uninstall` runs it.
+file(STRINGS ${MANIFEST} files)
+foreach(file IN LISTS files)
+  file(REMOVE ${file})
+  get_filename_component(folder ${file} DIRECTORY)
+  # Folders that a system has of its own stay, empty or not.
+  while(NOT folder MATCHES "/(bin|share|share/man|share/man/man[15]|share/doc|share/emacs/site-lisp)$")
+    file(GLOB rest LIST_DIRECTORIES true ${folder}/* ${folder}/.*)
+    if(rest)
+      break()
+    endif()
+    file(REMOVE_RECURSE ${folder})
+    get_filename_component(folder ${folder} DIRECTORY)
+  endwhile()
+endforeach()
+list(LENGTH files count)
+message(STATUS "removed ${count} files")

@@ -113,7 +113,8 @@ TEST(Golden, TheLibraryPrintsTheSameWhateverCameBefore) {
   const std::set<fs::path> cases = findCases();
   std::vector<fs::path> order(cases.begin(), cases.end());
   order.insert(order.end(), cases.begin(), cases.end());
-  std::ranges::shuffle(order, std::minstd_rand(testing::UnitTest::GetInstance()->random_seed()));
+  const auto seed = static_cast<unsigned>(testing::UnitTest::GetInstance()->random_seed());
+  std::ranges::shuffle(order, std::minstd_rand(seed));
   for (const fs::path& stem : order) {
     EXPECT_EQ(firstDifference(readFile(withExtension(stem, ".out")), formatCaseInProcess(stem)), "")
         << stem;

@@ -13,9 +13,9 @@
 
 /** The line that the pass is on. */
 struct VhdlScanner::LineInHand {
-  long long width = 0;    // bytes of the tokens visited, including the current one
-  long long surplus = 0;  // columns that tabs and redrawn comments before it add
-  bool isNew = true;      // is the current token visited for the first time?
+  long long width = 0;            // bytes of the tokens visited, including the current one
+  long long surplus = 0;          // columns that tabs and redrawn comments before it add
+  bool isNew = true;              // is the current token visited for the first time?
   VhdlToken* reached = nullptr;   // the furthest token visited; those after it await `shifts`
   PendingShifts shifts;           // for the rest of the line
   VhdlToken* hopeless = nullptr;  // a token on this line with no place to break left of it

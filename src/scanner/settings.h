@@ -7,7 +7,7 @@
 #include "tokens/casestyles.h"
 #include "tokens/tokencodes.h"
 
-/** Starts with the defaults. No value is tested against a range. */
+/** Starts with the defaults. No value is range-checked. */
 struct Settings {
   static constexpr int minimumFieldWidth = 15;  // columns; the minimum width of a trailing comment
 

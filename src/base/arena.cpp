@@ -1,7 +1,7 @@
-// Where the slabs come from. They double in size up to a limit, so that neither small nor large
-// inputs pay for the other. A list of millions of tokens lies in hundreds of thousands of ordinary
-// pages, and getting those one by one took five sixths of the time over 20 MB of code: large slabs
-// lie in large pages, where the system has them.
+// Slab allocation. Slabs double in size up to a limit, so that neither small nor large inputs pay
+// for the other. A list of millions of tokens occupies hundreds of thousands of ordinary pages, and
+// faulting those in one by one took five sixths of the time for 20 MB of code: large slabs use
+// large pages where the system has them.
 #include "base/arena.h"
 
 #include <sys/mman.h>
@@ -23,7 +23,7 @@ constexpr std::size_t smallestSlab = std::size_t{64} << 10;
 constexpr std::size_t largestSlab = std::size_t{4} << 20;
 constexpr std::size_t largePage = std::size_t{2} << 20;
 
-// The address sanitizer is to see every block by itself, and not to see it again once it is let go.
+// The address sanitizer has to see every block on its own, and never again once it is freed.
 #ifdef QORN_ARENA_IS_HEAP
 constexpr bool hasSlabs = false;
 #else
@@ -36,7 +36,7 @@ char* newSlab(std::size_t size) {
   if (!isLarge(size)) return static_cast<char*>(::operator new(size));
   void* slab = ::operator new (size, std::align_val_t{largePage});
 #ifdef MADV_HUGEPAGE
-  (void)madvise(slab, size, MADV_HUGEPAGE);  // ordinary pages will do as well
+  (void)madvise(slab, size, MADV_HUGEPAGE);  // ordinary pages will do
 #endif
   return static_cast<char*>(slab);
 }

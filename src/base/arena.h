@@ -1,6 +1,6 @@
-// Storage for what lives and goes together: the records of a list and the texts that they point to.
-// Taking a block is an addition, and letting all of them go costs nothing. With a block from the
-// heap for each record the formatter takes half as many instructions again and three times as long.
+// Storage for what is freed together: the records of a list and the texts that they point to.
+// Allocating a block is an addition, and freeing all of them costs nothing. With a heap block for
+// each record the formatter executes half as many instructions again and takes three times as long.
 #ifndef QORN_BASE_ARENA_H
 #define QORN_BASE_ARENA_H
 
@@ -14,8 +14,8 @@ class Arena {
   Arena& operator=(const Arena&) = delete;
   ~Arena();
 
-  /** An uninitialised block, aligned for numbers and pointers, that lives until `clear`. Exhausted
-     memory ends in the handler of operator new. */
+  /** An uninitialised block, aligned for numbers and pointers, that lives until `clear`. If memory
+      is exhausted, the handler of operator new is called. */
   void* take(std::size_t size) {
     size = (size + alignment - 1) / alignment * alignment;
     if (size > static_cast<std::size_t>(freshEnd - fresh)) [[unlikely]]
@@ -24,8 +24,8 @@ class Arena {
     fresh += size;
     return block;
   }
-  /** Lets all blocks go and keeps the memory for the next ones: a run over many files needs that of
-     the largest. */
+  /** Frees all blocks but keeps the memory for later ones: a run over many files needs as much as
+      the largest. */
   void clear();
 
  private:
@@ -39,7 +39,7 @@ class Arena {
   void freeSlabs();
 
   std::vector<Slab> slabs;
-  std::size_t used = 0;  // slabs in use; the last of them is the one that blocks are cut from
+  std::size_t used = 0;  // slabs in use; blocks are cut from the last of them
   char* fresh = nullptr;
   char* freshEnd = nullptr;
 };

@@ -1,4 +1,4 @@
-// Letters and digits of ASCII, whatever the locale.
+// ASCII letters and digits, whatever the locale.
 #ifndef QORN_BASE_ASCII_H
 #define QORN_BASE_ASCII_H
 

@@ -1,5 +1,5 @@
-// Values in a row, with a summary of each block of 2, 4, 8 and more of them, so that a search takes
-// no more steps than the row's length has binary digits, however far it goes.
+// A segment tree that only grows: a sequence with a summary of every aligned block of 2, 4, 8, ...
+// values. Searches and range queries take O(log n) steps.
 #ifndef QORN_BASE_BLOCKTREE_H
 #define QORN_BASE_BLOCKTREE_H
 
@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <vector>
 
-/** A Summary made by its default constructor is that of no value; `include` takes in another. */
+/** Summary{} is the neutral element; a.include(b) folds b into a. */
 template <typename Summary>
 class BlockTree {
  public:
@@ -30,8 +30,8 @@ class BlockTree {
     }
   }
 
-  /** The first place at or behind `from` whose value `holds`, else size(). Requires: what holds for
-     a value holds for every summary that includes it. */
+  /** The first index from `from` on whose value `holds`, else size(). Requires: what holds for a
+      value holds for every summary that includes it. */
   template <typename Holds>
   [[nodiscard]] std::size_t findFirst(std::size_t from, Holds holds) const {
     if (isEmpty() || !holds(levels[levelCount - 1].front())) return size();
@@ -53,7 +53,7 @@ class BlockTree {
     return size();
   }
 
-  /** The summary of the places from `from` up to `to`, which is not included. */
+  /** The summary of the values in [from, to). */
   [[nodiscard]] Summary collect(std::size_t from, std::size_t to) const {
     Summary summary;
     while (from < to) {
@@ -68,7 +68,7 @@ class BlockTree {
     return summary;
   }
 
-  /** The room stays for the next values. */
+  /** Keeps the allocated memory. */
   void clear() {
     for (std::size_t level = 0; level < levelCount; ++level) levels[level].clear();
     levelCount = 0;

@@ -1,4 +1,4 @@
-// Input and complaints go through files without a name, so that only one pipe has to be emptied and
+// Standard input and standard error are unnamed files, so that only one pipe has to be drained and
 // neither side can wait for the other.
 #include "base/childprocess.h"
 
@@ -47,7 +47,7 @@ std::array<int, 2> makePipe() {
   return ends;
 }
 
-/** 0, or an error number. The child meets signals as if its parent had never touched them. */
+/** 0, or an error number. The child gets signal handling as if its parent had never changed it. */
 int spawn(const std::vector<std::string>& words, const std::array<int, 3>& streams, pid_t& child) {
   std::vector<char*> arguments;
   for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));

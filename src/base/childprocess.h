@@ -1,4 +1,4 @@
-// Running another program to its end, without a shell.
+// Running another program to completion, without a shell.
 #ifndef QORN_BASE_CHILDPROCESS_H
 #define QORN_BASE_CHILDPROCESS_H
 
@@ -12,7 +12,7 @@ struct ChildResult {
   std::string trouble;  // what it wrote on standard error, or why it could not be started
 };
 
-/** Runs the program, the first of the words, looked for in PATH, with this standard input. */
+/** Runs the program named by the first word, searched for in PATH, with this standard input. */
 [[nodiscard]] ChildResult runProgram(const std::vector<std::string>& words,
                                      std::string_view input = {});
 

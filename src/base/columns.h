@@ -1,5 +1,5 @@
-// Sums of columns and widths. Settings may be as large as an integer gets, so that sums stop at the
-// largest integer rather than run over, or at its negative, so that each can be negated.
+// Saturating arithmetic for columns and widths: settings may be as large as an integer gets, so
+// results are clamped to [-INT_MAX, INT_MAX]. Each can be negated.
 #ifndef QORN_BASE_COLUMNS_H
 #define QORN_BASE_COLUMNS_H
 

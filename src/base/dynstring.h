@@ -1,4 +1,4 @@
-// The string of the whole system. A string is unset or holds at least one character; an unset one
+// The string class used throughout. A string is unset or holds at least one character; an unset one
 // reads as the empty text, so no caller ever tests for null.
 #ifndef QORN_BASE_DYNSTRING_H
 #define QORN_BASE_DYNSTRING_H
@@ -12,17 +12,17 @@ class DynString {
   explicit DynString(const char* text) { set(text); }
   explicit DynString(std::string_view text) { set(text); }
 
-  /** The text, closed by a zero; never null. It lives until the string changes. */
+  /** The zero-terminated text; never null. Valid until the string changes. */
   const char* get() const { return buffer.c_str(); }
   std::string_view view() const { return buffer; }
   /** In bytes; 0 if unset. */
   int length() const { return static_cast<int>(buffer.size()); }
 
-  /** Takes a copy, which may come from this string itself. Null or empty leaves it unset. */
+  /** Copies the text, which may be part of this string. Null or empty leaves it unset. */
   void set(const char* text) { set(text == nullptr ? std::string_view() : std::string_view(text)); }
   void set(std::string_view text) { buffer = text; }
 
-  /** Appends a copy. Null, the empty text and the character 0 change nothing. */
+  /** Appends a copy. Null, the empty text and the character 0 append nothing. */
   void cat(const char* text) { cat(text == nullptr ? std::string_view() : std::string_view(text)); }
   void cat(std::string_view text) { buffer += text; }
   void cat(char character) { catRepeated(1, character); }

@@ -3,14 +3,15 @@
 #define QORN_BASE_EXITSTATUS_H
 
 enum ExitStatus : int {
-  STATUS_OK = 0,             // all input formatted, or help given
+  STATUS_OK = 0,             // all input formatted, or help printed
   STATUS_FAILED = 1,         // the command line, a named configuration file or an input is at fault
   STATUS_FATAL = 2,          // a read error or exhausted memory
   STATUS_INTERRUPTED = 255,  // a signal
 };
 
 /** Ends the run with this status; open streams are flushed. A signal handler may call it at any
-    moment, also while the run is already ending: then the process goes at once, unflushed. */
+    moment, even while the run is already ending: then the process exits at once, without
+    flushing. */
 [[noreturn]] void endRun(ExitStatus status);
 
 #endif

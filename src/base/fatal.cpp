@@ -21,7 +21,7 @@ void callFaults(const char* begin, void (*end)(int status)) {
 }
 
 void reportFault(const char* message, const char* reason) {
-  std::fputs(beginning, stderr);  // unbuffered, as every standard error stream
+  std::fputs(beginning, stderr);  // unbuffered, as standard error always is
   std::fputs(message, stderr);
   if (reason != nullptr) {
     std::fputs(": ", stderr);
@@ -36,7 +36,7 @@ void fatalError(const char* message, const char* reason) {
     isReported = true;
   }
   if (ending != nullptr) {
-    while (!isReported) {  // another thread's line comes out whole
+    while (!isReported) {  // lets the other thread print its whole line
     }
     ending(STATUS_FATAL);
   }

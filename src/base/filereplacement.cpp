@@ -1,4 +1,5 @@
-// What comes first matters: at every moment the old text, or the new one, is whole under some name.
+// The order of the steps matters: at every moment the old text or the new one is complete under
+// some name.
 #include "base/filereplacement.h"
 
 #include <cerrno>
@@ -38,7 +39,7 @@ Replaced FileReplacement::giveUp(Replaced result, int failure) {
   return result;
 }
 
-/** Sets `beside` to a name in the folder that nothing bears. */
+/** Sets `beside` to an unused name in the folder. */
 void FileReplacement::nameBeside(std::string_view home, const char* kind) {
   int leftovers = 0;  // of earlier runs with the same number
   do {
@@ -52,13 +53,13 @@ void FileReplacement::nameBeside(std::string_view home, const char* kind) {
 
 Replaced FileReplacement::openBesideBackup() {
   if (hasSeparator(std::string_view(backup).substr(file.size()))) {
-    return giveUp(NOT_OPENED, ENOTDIR);  // a backup stands beside its file and nowhere else
+    return giveUp(NOT_OPENED, ENOTDIR);  // a backup is only ever made beside its file
   }
   const FileState now = stateOf(file.c_str());
   if (now.kind == NO_FILE) return giveUp(NOT_OPENED, now.error);
   if (!now.isUnchanged(read.state)) return giveUp(CHANGED, 0);
   if (moveToBackup() != 0) return giveUp(NOT_OPENED, errno);
-  if (!stateOf(backup.c_str()).isUnchanged(read.state)) {  // saved anew in the last moment?
+  if (!stateOf(backup.c_str()).isUnchanged(read.state)) {  // saved again at the last moment?
     (void)moveToFreeName(backup.c_str(), file.c_str());
     return giveUp(CHANGED, 0);
   }
@@ -71,15 +72,15 @@ int FileReplacement::moveToBackup() {
   if (!stateOfEntry(backup.c_str()).isSameFile(read.state)) {
     return std::rename(file.c_str(), backup.c_str());
   }
-  if (stateOfEntry(file.c_str()).kind == LINK) {  // would take the place of the text it leads to
+  if (stateOfEntry(file.c_str()).kind == LINK) {  // it would replace the text it points to
     errno = EEXIST;
     return -1;
   }
   return moveOffBackup();
 }
 
-/** For two names of one file, where a rename does nothing and succeeds. Other runs may be at the
-    same file, so that no step takes off a name that could be the last. */
+/** For two names of one file, where a rename does nothing and succeeds. Other runs may be working
+    on the same file, so no step removes a name that could be the last. */
 int FileReplacement::moveOffBackup() {
   nameBeside(folder(), "old");
   if (moveToFreeName(file.c_str(), beside.c_str()) != 0) return -1;
@@ -121,8 +122,7 @@ Replaced FileReplacement::openInPlace() {
   return result;
 }
 
-/** Copies the text to `beside`. 0, or -1 where no copy could be made; then nothing is left of it.
- */
+/** Copies the text to `beside`. 0, or -1 if no copy could be made; then nothing of it is left. */
 int FileReplacement::keepOldText() {
   nameBeside(folder(), "old");
   int copy = createFile(beside.c_str(), PRIVATE);

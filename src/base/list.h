@@ -1,5 +1,5 @@
-// A plain owning list with a cursor, for the few objects that a run declares once. It counts no
-// references: an item belongs to the list from addItemLast on.
+// A plain owning list with a cursor, for the few objects that a run declares once. There is no
+// reference counting: an item belongs to the list from addItemLast on.
 #ifndef QORN_BASE_LIST_H
 #define QORN_BASE_LIST_H
 
@@ -25,7 +25,7 @@ class List {
     }
   }
 
-  /** Appends an item from the heap and owns it. The anchor stays. */
+  /** Appends an item from the heap and takes ownership. The anchor stays. */
   void addItemLast(T* item) {
     auto* node = new ListRefItem<T>{item};
     (last == nullptr ? first : last->next) = node;
@@ -38,7 +38,7 @@ class List {
     return anchor == nullptr ? nullptr : anchor->item;
   }
 
-  /** The item behind the anchor, or null at the end or without an anchor. Moves the anchor. */
+  /** The item after the anchor, or null at the end or without an anchor. Moves the anchor. */
   T* getNext() {
     if (anchor != nullptr) anchor = anchor->next;
     return anchor == nullptr ? nullptr : anchor->item;

@@ -6,8 +6,8 @@
 #include <climits>
 #include <cstdlib>
 
-/** The number at the start of the text: blanks, a sign and digits, whatever stands behind them. 0
-    without digits; a number too large for an integer gives the nearest integer. */
+/** The number at the start of the text: blanks, a sign and digits, whatever follows them. 0 without
+    digits; a number too large for an integer gives the nearest integer. */
 [[nodiscard]] inline int integerAt(const char* text) {
   return static_cast<int>(std::clamp<long>(std::strtol(text, nullptr, 10), INT_MIN, INT_MAX));
 }

@@ -1,4 +1,4 @@
-// The doubly linked list that everything works on, and its cursor, the anchor.
+// The doubly linked list that everything works on, with its cursor, the anchor.
 //
 // The contract of the cursor:
 // - A list has one current position, the anchor: an item or null. It starts as null.
@@ -9,8 +9,8 @@
 //   first out. A pop without a push leaves null.
 // - addItemAnchor leaves it on the new item; the other insertions leave it where it was.
 //
-// The links stand in the items, and the items in storage of the list: a step costs one instruction,
-// and a list is let go of as a whole.
+// The links are in the items, and the items in storage of the list: a step costs one instruction,
+// and a list is freed as a whole.
 #ifndef QORN_BASE_OLDLIST_H
 #define QORN_BASE_OLDLIST_H
 
@@ -24,8 +24,8 @@
 template <typename Item>
 class OldList;
 
-/** Base of what stands in an OldList. An item stands in the list that made it, for the whole of its
-    life, or in none. */
+/** Base class of the items of an OldList. An item is in the list that made it, for its whole life,
+    or in none. */
 template <typename Item>
 class OldListItem {
  public:
@@ -62,13 +62,13 @@ class OldList {
   void setAnchor(Item* item) { anchor = item; }
   void pushAnchor() { anchorStack.push(anchor); }
   void popAnchor() { anchor = anchorStack.pop(); }
-  /** Anchors saved and not restored. */
+  /** Anchors saved and not yet restored. */
   int countPushedAnchors() const { return anchorStack.getDepth(); }
   /** The items beside the anchor, or null; the anchor stays. */
   Item* peekNext() const { return anchor == nullptr ? nullptr : anchor->next; }
   Item* peekPrev() const { return anchor == nullptr ? nullptr : anchor->prev; }
 
-  // --- Insertion: makes an item of the arguments, which the list owns. Returns the item ---
+  // --- Insertion: makes an item, which the list owns, from the arguments. Returns the item ---
 
   template <typename... Arguments>
   Item* addItemLast(Arguments&&... arguments) {
@@ -101,7 +101,7 @@ class OldList {
     first = last = anchor = nullptr;
     arena.clear();
   }
-  /** Storage that lives as long as the items that now stand in the list. */
+  /** Storage that lives as long as the items now in the list. */
   Arena& getArena() { return arena; }
 
  private:

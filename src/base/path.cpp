@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t directoryStep = 64;
 
-/** The working directory, of any length; empty on a failure, which errno tells. */
+/** The working directory, of any length; empty with errno set on a failure. */
 std::string workingDirectory() {
   std::string buffer(directoryStep, '\0');
   while (getcwd(buffer.data(), buffer.size()) == nullptr) {
@@ -22,14 +22,14 @@ std::string workingDirectory() {
   return buffer.c_str();
 }
 
-/** Takes out `count` characters at each place where `pattern` stands, until it stands nowhere. What
-    is left begins with the "/" that closed the pattern, so no place before it can match anew. */
+/** Removes `count` characters at each occurrence of `pattern`, until there is none. What remains
+    there begins with the "/" that closed the pattern, so no earlier position can start to match. */
 void takeOut(std::string& text, const char* pattern, std::size_t count) {
   std::size_t place = 0;
   while ((place = text.find(pattern, place)) != std::string::npos) text.erase(place, count);
 }
 
-/** Takes out each "/.." in the middle, with the step before it. False where there is none. */
+/** Removes each "/.." in the middle, with the step before it. False if there is none. */
 bool resolveParents(std::string& text) {
   std::size_t place = 0;
   while ((place = text.find("/../", place)) != std::string::npos) {
@@ -42,7 +42,7 @@ bool resolveParents(std::string& text) {
   return true;
 }
 
-/** Takes out a "/.." at the end, with the step before it. False where there is none. */
+/** Removes a "/.." at the end, with the step before it. False if there is none. */
 bool resolveLastParent(std::string& text) {
   if (!text.ends_with("/..")) return true;
   text.resize(text.size() - 3);

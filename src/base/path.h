@@ -9,17 +9,17 @@ class Path : public DynString {
  public:
   using DynString::DynString;
 
-  /** Puts the working directory in front of a relative path. Where that can't be determined, the
-     path stays as it is and a line on standard error says so. */
+  /** Prepends the working directory to a relative path. If that can't be determined, the path stays
+      as it is and a line on standard error says so. */
   void addcwd();
-  /** Takes out empty and "." steps, steps that ".." undoes, an automounter's "/tmp_mnt" and the "/"
-     at the end. A path with more ".." than it has levels stays whole. */
+  /** Removes empty and "." steps, steps that ".." undoes, an automounter's "/tmp_mnt" and the "/"
+      at the end. A path with more ".." than it has levels stays whole. */
   void cleanup();
   /** 0 if the user may execute the file, else -1 with the reason in getError. */
   [[nodiscard]] int executable();
   /** The system's error number of the last failed test. */
   int getError() const { return error; }
-  /** The text behind the last "/", or all of it. It lives until the path changes. */
+  /** The text after the last "/", or all of it. Valid until the path changes. */
   const char* tail() const;
 
  private:

@@ -1,4 +1,4 @@
-// What is opened may turn out to be a pipe, and must not block then.
+// What is opened may turn out to be a pipe, which must not block.
 #include "base/readfile.h"
 
 #include <fcntl.h>
@@ -12,7 +12,7 @@ namespace {
 
 constexpr std::size_t smallestBlock = 4096;
 
-/** A first block of the expected size, and one byte more to meet the end. */
+/** The first block has the expected size plus one byte, so that the end is found. */
 std::string readBlocks(int descriptor, std::size_t expected, std::string& text) {
   text.resize(std::max(expected + 1, smallestBlock));
   std::size_t size = 0;

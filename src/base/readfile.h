@@ -1,4 +1,4 @@
-// Reading files and streams whole, without a stream of the library in between.
+// Reading whole files and streams, without a library stream in between.
 #ifndef QORN_BASE_READFILE_H
 #define QORN_BASE_READFILE_H
 
@@ -10,7 +10,7 @@
     not, or an empty string. */
 [[nodiscard]] std::string readFile(const char* path, std::string& text, FileState& state);
 
-/** Reads from where the descriptor stands to the end. Returns the reason why not, or an empty
+/** Reads from the descriptor's position to the end. Returns the reason why not, or an empty
     string. */
 [[nodiscard]] std::string readToEnd(int descriptor, std::string& text);
 

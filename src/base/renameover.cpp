@@ -1,6 +1,6 @@
-// The new file has no name while it is written, where the system can do that: then whatever ends
-// the run leaves nothing behind. Elsewhere it bears a temporary name, and no signal ends the run
-// until that is gone; only SIGKILL can leave a ".qornfmt-*.tmp".
+// The new file has no name while it is written, where the system supports that: then whatever ends
+// the run leaves nothing behind. Elsewhere it has a temporary name, and no signal ends the run
+// until that is removed; only SIGKILL can leave a ".qornfmt-*.tmp".
 #include "base/renameover.h"
 
 #include <fcntl.h>
@@ -27,7 +27,7 @@
 
 namespace {
 
-/** A file in the making, in one folder. What is not renamed goes with the object. */
+/** A file being written, in one folder. Removed with the object unless it is renamed. */
 class NamelessFile {
  public:
   explicit NamelessFile(const std::string& folderPath) : folder(folderPath) {}
@@ -61,8 +61,8 @@ NamelessFile::~NamelessFile() {
   errno = error;
 }
 
-/** Tries names that no file of this run has borne until one is free. The section begins before the
-    name does, and nothing is allocated from there on. */
+/** Tries names not yet used in this run until one is free. The section begins before the name
+    exists, and nothing is allocated from then on. */
 template <class Try>
 bool NamelessFile::findName(Try tryName) {
   static std::atomic<unsigned> counter = 0;
@@ -73,7 +73,7 @@ bool NamelessFile::findName(Try tryName) {
   section.emplace();
   for (int i = 0; i < mostTries; ++i) {
     candidate.resize(stem);
-    candidate.append(std::to_string(++counter)).append(".tmp");  // short enough for no allocation
+    candidate.append(std::to_string(++counter)).append(".tmp");  // short enough not to allocate
     if (tryName(candidate.c_str())) {
       name.swap(candidate);
       return true;
@@ -101,7 +101,7 @@ bool NamelessFile::open() {
 }
 
 #if defined(__linux__)
-/** Access lists and extended attributes. One that may not be given is left out. */
+/** Access lists and extended attributes. One that may not be set is left out. */
 void copyAttributes(const char* path, int descriptor) {
   const ssize_t size = listxattr(path, nullptr, 0);
   if (size <= 0) return;
@@ -134,7 +134,7 @@ bool NamelessFile::takeRights(const char* path) const {
   mode_t mode = wanted.st_mode & 07777;
   const bool isSame = wanted.st_uid == given.st_uid && wanted.st_gid == given.st_gid;
   if (!isSame && fchown(descriptor, wanted.st_uid, wanted.st_gid) != 0) {
-    mode &= 01777;  // rights that go with an owner are not another's
+    mode &= 01777;  // permissions given to one owner are not another's
     if (fchown(descriptor, static_cast<uid_t>(-1), wanted.st_gid) != 0) {
       mode &= ~mode_t{S_IRWXG} | (mode & S_IRWXO) << 3;
     }

@@ -1,4 +1,4 @@
-// Reading a stream whole. A file is read into a block of its size, all else into one that doubles.
+// Reading a whole stream. A file is read into a block of its size, all else into one that doubles.
 #include "base/sourcetext.h"
 
 #include <algorithm>
@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::size_t smallestBlock = 65536;
 
-/** What the stream will hold as far as its file tells, and one byte more to meet the end. */
+/** File size + 1, so that the last read finds the end of the file; 0 if it is no regular file. */
 std::size_t expectedSize(FILE* stream) {
   const FileState state = stateOf(stream);
   return state.kind == REGULAR_FILE ? static_cast<std::size_t>(state.size) + 1 : 0;
@@ -49,7 +49,7 @@ void SourceText::closeText() {
 
 void SourceText::reserve(std::size_t wanted) {
   if (text != nullptr && capacity >= wanted) return;
-  void* wider = std::realloc(text, wanted + 1 + padding);  // grows a large block without a copy
+  void* wider = std::realloc(text, wanted + 1 + padding);  // grows a large block without copying
   if (wider == nullptr) outOfMemory();
   text = static_cast<char*>(wider);
   capacity = wanted;

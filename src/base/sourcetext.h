@@ -1,4 +1,4 @@
-// A whole source in memory, for a lexer that looks ahead without asking for the end.
+// A whole source in memory, for a lexer that looks ahead without checking for the end.
 #ifndef QORN_BASE_SOURCETEXT_H
 #define QORN_BASE_SOURCETEXT_H
 
@@ -6,7 +6,7 @@
 #include <cstdio>
 #include <string_view>
 
-/** Owns the text. A line feed and `padding` zeros stand after the end and don't belong to it. */
+/** Owns the text. A line feed and `padding` zeros follow the end and are not part of it. */
 class SourceText {
  public:
   static constexpr std::size_t padding = 16;
@@ -16,8 +16,8 @@ class SourceText {
   SourceText& operator=(const SourceText&) = delete;
   ~SourceText();
 
-  /** Reads the stream from where it stands to its end; it stays open. A read error is fatal, with
-     the name in its message. */
+  /** Reads the stream from its position to its end and leaves it open. A read error is fatal, with
+      the name in its message. */
   void read(FILE* stream, const char* name);
   /** Takes a copy. */
   void set(std::string_view source);
@@ -32,7 +32,7 @@ class SourceText {
 
   char* text = nullptr;
   std::size_t size = 0;
-  std::size_t capacity = 0;  // without the closing characters
+  std::size_t capacity = 0;  // without the terminating characters
 };
 
 #endif

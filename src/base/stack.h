@@ -1,5 +1,5 @@
-// A growable stack of plain values. Popping an empty one is no fault: it yields a zero value, which
-// is how surplus closing words in a source come out at the left margin.
+// A growable stack of plain values. Popping an empty one is not an error: it yields a zero value,
+// which is why surplus closing words in a source end up at the left margin.
 #ifndef QORN_BASE_STACK_H
 #define QORN_BASE_STACK_H
 
@@ -21,7 +21,7 @@ class Stack {
   /** The value pushed last, or 0 (null) from an empty stack. The storage never shrinks. */
   T pop() { return depth == 0 ? T{} : array[--depth]; }
 
-  /** Drops all entries and the storage. */
+  /** Frees all entries and the storage. */
   void reset() {
     delete[] array;
     array = nullptr;

@@ -1,4 +1,4 @@
-// Taking a text apart at a separator.
+// Splitting a text at a separator.
 #include "base/stringlist.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// An owning list of strings, made by taking a text apart.
+// An owning list of strings, made by splitting a text.
 #ifndef QORN_BASE_STRINGLIST_H
 #define QORN_BASE_STRINGLIST_H
 
@@ -7,11 +7,11 @@
 
 class StringList : public List<DynString> {
  public:
-  /** Appends each piece between separators that is not empty. Returns how many. */
+  /** Appends each non-empty piece between separators. Returns how many. */
   int Split(const char* text, char separator);
-  /** The text of the first entry, or null. Starts the walk. */
+  /** The text of the first entry, or null. Starts the iteration. */
   const char* getFirstString() { return textOf(getFirst()); }
-  /** The text of the next entry, or null behind the last. */
+  /** The text of the next entry, or null after the last. */
   const char* getNextString() { return textOf(getNext()); }
 
  private:

@@ -10,7 +10,7 @@
 #include <csignal>
 #include <cstdlib>
 
-// --- What stands under a name ---
+// --- What a name refers to ---
 
 namespace {
 
@@ -20,7 +20,7 @@ FileKind kindOf(mode_t mode) {
   return S_ISLNK(mode) ? LINK : OTHER_FILE;
 }
 
-/** What a call of stat has told, whose result is given. */
+/** From a call of stat and its result. */
 FileState stateFrom(int result, const struct stat& status) {
   FileState state;
   if (result != 0) {
@@ -73,7 +73,7 @@ FileState stateOf(int descriptor) {
 
 bool isSpecialFile(const char* path) {
   if (stateOf(path).kind == OTHER_FILE) return true;
-  const FileState entry = stateOfEntry(path);  // such as /dev/stdin, whatever it leads to
+  const FileState entry = stateOfEntry(path);  // such as /dev/stdin, whatever it points to
   return entry.kind == LINK && entry.device == stateOf("/dev").device;
 }
 
@@ -86,7 +86,7 @@ std::string temporaryFolder() {
 
 bool hasSeparator(std::string_view text) { return text.find('/') != std::string_view::npos; }
 
-// --- Writing past the buffered streams ---
+// --- Writing without the buffered streams ---
 
 int createFile(const char* path, NewFile rights) {
   return open(path, O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, rights == PRIVATE ? 0600 : 0666);
@@ -129,7 +129,7 @@ void discardFile(const char* path) {
 int moveToFreeName(const char* from, const char* to) {
   if (link(from, to) == 0) return unlink(from);
   if (errno == EEXIST) return -1;
-  // No second name is to be had on some file systems, nor for a file of another user.
+  // Some file systems have no hard links, and linking to another user's file may be refused.
   const FileState target = stateOfEntry(to);
   errno = target.kind == NO_FILE ? target.error : EEXIST;
   return errno == ENOENT ? std::rename(from, to) : -1;

@@ -1,6 +1,6 @@
-// All that differs between operating systems; nothing outside system.cpp asks for one.
+// All that differs between operating systems; nothing outside system.cpp depends on one.
 //
-// Failures are told as the system does: by -1 and errno, unless said otherwise.
+// Failures are reported as the system does, by -1 and errno, unless stated otherwise.
 #ifndef QORN_BASE_SYSTEM_H
 #define QORN_BASE_SYSTEM_H
 
@@ -10,7 +10,7 @@
 #include <string>
 #include <string_view>
 
-// --- What stands under a name ---
+// --- What a name refers to ---
 
 enum FileKind : int { NO_FILE, REGULAR_FILE, FOLDER, LINK, OTHER_FILE };
 
@@ -20,17 +20,17 @@ struct FileState {
   int error = 0;  // the system's, with NO_FILE
   std::uint64_t device = 0;
   std::uint64_t number = 0;  // within the device
-  std::uint64_t links = 0;   // names that lead to it
+  std::uint64_t links = 0;   // hard links to it
   std::int64_t size = 0;     // bytes
   std::int64_t seconds = 0;  // time of the last change of its text
   std::int64_t nanoseconds = 0;
 
   bool isSameFile(const FileState& other) const;
-  /** Is it the same file with, for all that the system tells, the same text? */
+  /** Is it the same file with, as far as the system reports, the same text? */
   bool isUnchanged(const FileState& other) const;
 };
 
-/** The state of what the path leads to. */
+/** The state of what the path refers to. */
 [[nodiscard]] FileState stateOf(const char* path);
 /** The same, but for a symbolic link, which is not followed. */
 [[nodiscard]] FileState stateOfEntry(const char* path);
@@ -42,11 +42,11 @@ struct FileState {
 
 /** Where the last part of a path begins. */
 [[nodiscard]] std::size_t lastPartOf(std::string_view path);
-/** The folder for files that need not last, with a separator at its end. */
+/** The folder for temporary files, with a separator at its end. */
 [[nodiscard]] std::string temporaryFolder();
 [[nodiscard]] bool hasSeparator(std::string_view text);
 
-// --- Writing past the buffered streams ---
+// --- Writing without the buffered streams ---
 
 enum NewFile : int { DEFAULT_RIGHTS, PRIVATE };
 
@@ -54,17 +54,17 @@ constexpr int standardOutput = 1;  // its descriptor
 
 /** Creates a file under a name that is still free and opens it for writing; a descriptor or -1. */
 [[nodiscard]] int createFile(const char* path, NewFile rights);
-/** Opens a file to be read and written over; its text stays. A descriptor or -1. */
+/** Opens a file for reading and overwriting; its text stays. A descriptor or -1. */
 [[nodiscard]] int openToOverwrite(const char* path);
 /** Writes all of the text, however slowly it is taken. 0 or -1. */
 [[nodiscard]] int writeAll(int descriptor, std::string_view text);
-/** Goes back to the start of the file. 0 or -1. */
+/** Seeks to the start of the file. 0 or -1. */
 [[nodiscard]] int rewindFile(int descriptor);
-/** Ends the file's text where the descriptor stands. 0 or -1. */
+/** Truncates the file at the descriptor's position. 0 or -1. */
 [[nodiscard]] int endFileHere(int descriptor);
 [[nodiscard]] int closeFile(int descriptor);
 
-/** Removes a file that may not be there; errno stays. */
+/** Removes a file that may not exist; errno is preserved. */
 void discardFile(const char* path);
 /** Renames a file, but never over another: then -1 and EEXIST. */
 [[nodiscard]] int moveToFreeName(const char* from, const char* to);
@@ -73,8 +73,8 @@ void discardFile(const char* path);
 
 [[nodiscard]] long processNumber();
 
-/** Holds back the signals that a user or the system ends a run with, until they are released. To
-    be called in pairs by a thread, and not nested. */
+/** Blocks the signals with which a user or the system ends a run, until they are released. To be
+    called in pairs by a thread, not nested. */
 void holdSignals();
 void releaseSignals();
 

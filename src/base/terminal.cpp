@@ -1,4 +1,4 @@
-// A terminal is asked about by what the system says of the descriptors, never by their names.
+// Terminals are recognised by what the system says of the descriptors, never by their names.
 #include "base/terminal.h"
 
 #include <fcntl.h>
@@ -11,7 +11,8 @@
 void occupyClosedStreams() {
   for (int stream = STDIN_FILENO; stream <= STDERR_FILENO; ++stream) {
     if (fcntl(stream, F_GETFD) >= 0) continue;
-    // The lowest free descriptor, which is this one. Reading from what is to be written to fails.
+    // Takes the lowest free descriptor, which is this one. Opened the wrong way round, so that
+    // using it fails.
     if (open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY) < 0) return;
   }
 }

@@ -1,20 +1,20 @@
-// What stands at the ends of the standard streams.
+// What the standard streams are connected to.
 #ifndef QORN_BASE_TERMINAL_H
 #define QORN_BASE_TERMINAL_H
 
-/** Gives each of the three standard streams that is closed a descriptor that neither reads nor
-    writes, or the next file to be opened would take its place, and the messages. */
+/** Gives each closed standard stream a descriptor that neither reads nor writes; otherwise the next
+    file opened would take its place, and receive the messages. */
 void occupyClosedStreams();
 
 enum class InputKind {
   terminal,
-  piped,   // a pipe, a socket or a file: somebody has given a text
+  piped,   // a pipe, a socket or a file: somebody has supplied a text
   nothing  // closed, or a device such as /dev/null
 };
 
 [[nodiscard]] InputKind standardInputKind();
 
-/** True if people watch standard error, on a terminal that can write over a line. */
+/** True if people watch standard error, on a terminal that can overwrite a line. */
 [[nodiscard]] bool isErrorWatched();
 
 #endif

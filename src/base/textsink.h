@@ -11,7 +11,7 @@ class TextSink {
   TextSink& operator=(const TextSink&) = delete;
   virtual ~TextSink() = default;
 
-  /** Takes the next piece, which is large but for the last. */
+  /** Takes the next piece; all but the last are large. */
   virtual void put(std::string_view text) = 0;
 };
 

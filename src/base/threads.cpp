@@ -1,4 +1,4 @@
-// The library reports a missing thread by an exception, and this is the only file that meets one.
+// The library reports a missing thread by an exception; this is the only file that handles one.
 #include "base/threads.h"
 
 #include <system_error>

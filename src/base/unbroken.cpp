@@ -1,6 +1,6 @@
-// Sections are counted; whoever ends the run first says so, then waits for the count to fall to
-// zero. A section counts itself before it looks whether the run is ending, so one of them sees the
-// other. The handler does only what a handler may: atomics, sleeping and raising.
+// Sections are counted; whoever ends the run first announces it, then waits for the count to drop
+// to zero. A section counts itself before it checks whether the run is ending, so one of them sees
+// the other. The handler does only what a handler may: atomics, sleeping and raising.
 #include "base/unbroken.h"
 
 #include <unistd.h>
@@ -39,7 +39,7 @@ extern "C" void endBySignal(int signal) {
   isEnding = true;
   waitForSections();
   std::signal(signal, SIG_DFL);
-  std::raise(signal);  // comes when this handler returns, and is what the caller sees
+  std::raise(signal);  // delivered when this handler returns; it is what the caller sees
 }
 
 }  // namespace
@@ -67,7 +67,7 @@ void endOnSignals() {
   for (const int signal : endingSignals) {
     struct sigaction former {};
     sigaction(signal, nullptr, &former);
-    // Started with the signal ignored, as by nohup? It stays so.
+    // Started with the signal ignored, as by nohup? Keep it so.
     if (former.sa_handler != SIG_IGN) sigaction(signal, &action, nullptr);
   }
   std::signal(SIGXFSZ, SIG_IGN);

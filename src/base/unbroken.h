@@ -1,5 +1,5 @@
-// Stretches of a run that no signal and no fault of another thread may break off, such as putting a
-// new file in the place of an old one: what ends the run waits until they are over.
+// Sections of a run that no signal and no error in another thread may interrupt, such as replacing
+// a file: whatever ends the run waits until they are over.
 #ifndef QORN_BASE_UNBROKEN_H
 #define QORN_BASE_UNBROKEN_H
 
@@ -17,18 +17,18 @@ class UnbrokenSection {
   ~UnbrokenSection();
 
  private:
-  sigset_t before;  // the signals that this thread held back already
+  sigset_t before;  // the signals that this thread already blocked
 };
 
-/** The signals that end a run do so from here on after the sections in hand. A file that grows over
-    the limit of its size is an error of the writing instead. */
+/** From here on the signals that end a run take effect after the sections in progress. A file that
+    exceeds the file size limit is a write error instead. */
 void endOnSignals();
 
-/** Holds these signals back in this thread for good, so that another one meets them. */
+/** Blocks these signals in this thread for good, so that another one receives them. */
 void leaveSignalsToOthers();
 
-/** Ends the process after the sections in hand: standard output is flushed, nothing else runs. The
-    first caller decides; a further one waits for the end. */
+/** Ends the process after the sections in progress: standard output is flushed, nothing else runs.
+    The first caller decides the status; a later one waits for the end. */
 [[noreturn]] void endRunWhole(int status);
 
 #endif

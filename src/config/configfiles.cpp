@@ -28,12 +28,12 @@ int scanConfigFile(const char* path, ConfigList& keys) {
   return 0;
 }
 
-/** Reads what the search may have found; a file that is there and can't be read is reported. */
+/** Reads what the search may have found; a file that exists but can't be read is reported. */
 void scanFoundFile(const char* path, ConfigList& keys) {
   const FileState found = stateOf(path);
   if (found.kind == REGULAR_FILE && !isSpecialFile(path) && scanConfigFile(path, keys) == 0) return;
   const int failure = errno;
-  if (stateOfEntry(path).kind == NO_FILE) return;  // a directory need not hold one
+  if (stateOfEntry(path).kind == NO_FILE) return;  // a folder need not hold one
   const bool isOther = found.kind == FOLDER || isSpecialFile(path);
   reportFault(path, isOther ? "Not a regular file" : std::strerror(failure));
 }

@@ -1,4 +1,4 @@
-// Pieces of the text become keys with values.
+// Turning the pieces of the text into keys with values.
 #include "config/configlexer.h"
 
 #include "config/configreader.h"

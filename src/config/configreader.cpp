@@ -1,4 +1,4 @@
-// No two words are the same, so the longest word at a place is the only one.
+// No two words are the same, so the longest word at a position is unique.
 #include "config/configreader.h"
 
 #include <algorithm>
@@ -9,7 +9,7 @@
 
 namespace {
 
-/** By the first letter, longer forms first. */
+/** Orders by first letter, then longer forms first. */
 constexpr bool standsBefore(const ConfigForm& left, const ConfigForm& right) {
   if (left.text[0] != right.text[0]) return left.text[0] < right.text[0];
   if (left.text.size() != right.text.size()) return left.text.size() > right.text.size();
@@ -31,7 +31,7 @@ static_assert(std::ranges::adjacent_find(forms, {}, &ConfigForm::text) == forms.
 
 constexpr int letterCount = 26;
 
-/** The place of the first form of each letter; after the last letter, the number of forms. */
+/** The index of the first form of each letter; after the last letter, the number of forms. */
 constexpr auto formStarts = [] {
   std::array<std::size_t, letterCount + 1> starts{};
   for (const ConfigForm& form : forms) ++starts[static_cast<std::size_t>(form.text[0] - 'A' + 1)];
@@ -91,7 +91,7 @@ ConfigPiece ConfigReader::pieceHere() const {
   return {form->kind, form->code, rest.substr(0, form->text.size())};
 }
 
-/** A quote without a partner, or with one right after it, is no text but a dropped character. */
+/** A quote without a partner, or with one right after it, is not a text but a dropped character. */
 ConfigPiece ConfigReader::stringHere() const {
   const std::size_t partner = text.find(text[place], place + 1);
   if (partner == std::string_view::npos || partner == place + 1) {

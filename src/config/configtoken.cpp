@@ -1,4 +1,4 @@
-// The values of a key: taken once, handed on to settings.
+// The values of a key: taken once, passed on to settings.
 #include "config/configtoken.h"
 
 #include "base/number.h"

@@ -7,8 +7,8 @@
 #include "base/dynstring.h"
 #include "base/oldlist.h"
 
-/** The first value of any kind wins; later ones are dropped. A value of the wrong kind counts as 0
-   or as the empty text where it is asked for. */
+/** The first value of any kind wins; later ones are dropped. A value of the wrong kind reads as 0
+    or as the empty text. */
 class QornConfigToken : public OldListItem<QornConfigToken> {
  public:
   void setTyp(int code) { typ = code; }
@@ -20,7 +20,7 @@ class QornConfigToken : public OldListItem<QornConfigToken> {
   // --- Values ---
 
   void setValue(int word);
-  /** A decimal number; one too large for an integer is held at the largest. */
+  /** A decimal number, saturating at the largest integer. */
   void setInteger(std::string_view digits);
   void setPath(std::string_view text);
 
@@ -33,7 +33,7 @@ class QornConfigToken : public OldListItem<QornConfigToken> {
   void setString(DynString* target) const;
 
  private:
-  /** True once: for the first value. */
+  /** True once, for the first value. */
   bool takesValue();
 
   int typ = 0;       // key

@@ -1,5 +1,5 @@
 // From keys to settings. All files are read first; then one walk over their keys writes the values,
-// so that several files behave like one long one. No value is tested against a range.
+// so that several files behave like one long one. No value is range-checked.
 #include "config/settings.h"
 
 #include <algorithm>
@@ -63,7 +63,7 @@ constexpr Setting shifted(Setting setting, int added) {
 
 constexpr Setting none(int key) { return {.key = key}; }
 
-// Rows stand in the order in which people are shown them.
+// Rows are in the order in which they are shown to people.
 // clang-format off
 constexpr Setting table[] = {
     cased(C_KEYWORDCASE,    CASE_KEYWORD,    "letter case of reserved words"),

@@ -1,5 +1,5 @@
-// The keys of the configuration language and what each of them sets: one table, from which all else
-// that speaks of keys is made.
+// The keys of the configuration language and what each of them sets: the one table from which
+// everything else about keys is derived.
 #ifndef QORN_CONFIG_SETTINGS_H
 #define QORN_CONFIG_SETTINGS_H
 
@@ -16,7 +16,7 @@ enum SettingKind : int {
   SETTING_INTEGER,  // a number
   SETTING_BOOLEAN,  // 1 for TRUE, 0 for all else
   SETTING_STRING,   // a quoted text
-  SETTING_NONE,     // anything: files may hold the key, and nothing reads it
+  SETTING_NONE,     // anything: files may hold the key, but nothing reads it
 };
 
 /** A key with what it sets and what people may sensibly give it. The default is what a new object
@@ -24,8 +24,8 @@ enum SettingKind : int {
 struct Setting {
   int key;
   SettingKind kind = SETTING_NONE;
-  int Settings::*number = nullptr;      // of words, numbers and booleans
-  int Settings::*twin = nullptr;        // takes the same value
+  int Settings::*number = nullptr;      // for words, numbers and booleans
+  int Settings::*twin = nullptr;        // receives the same value
   int added = 0;                        // to the configured value
   CaseGroup group = CASE_ASIS;          // of a case style
   DynString Settings::*text = nullptr;  // of a quoted text

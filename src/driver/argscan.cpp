@@ -1,4 +1,4 @@
-// Taking the command line apart. No complaint ends the scan, so that one run tells them all.
+// Parsing the command line. No complaint ends the scan, so that one run reports them all.
 #include "driver/argscan.h"
 
 #include <cstdlib>

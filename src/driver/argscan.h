@@ -1,7 +1,7 @@
-// The command line: declare the options, scan once, then ask. An option is a letter behind a "-",
-// and letters may share one "-". A flag stands by itself, a switch takes the next argument as its
+// The command line: declare the options, scan once, then ask. An option is a letter after a "-",
+// and letters may share one "-". A flag has no value, a switch takes the next argument as its
 // value, whatever that begins with. All else is an argument; a lone "-" is nothing. Nothing is
-// printed: complaints are collected, and scanning goes on behind each.
+// printed: complaints are collected, and scanning continues after each.
 #ifndef QORN_DRIVER_ARGSCAN_H
 #define QORN_DRIVER_ARGSCAN_H
 
@@ -59,7 +59,8 @@ class ArgArgument {
   DynString argument;
 };
 
-/** Texts that it hands out live as long as it. A letter declared twice finds its first entry. */
+/** The texts that it returns live as long as it does. A letter declared twice finds its first
+    entry. */
 class ArgScan {
  public:
   ArgScan() = default;
@@ -87,21 +88,21 @@ class ArgScan {
   [[nodiscard]] int getFlag(char letter);
   /** The value or the default, empty if there is neither; null for a letter that is no switch. */
   [[nodiscard]] const char* getSwitch(char letter);
-  /** Null without arguments. Starts the walk. */
+  /** Null without arguments. Starts the iteration. */
   const char* getFirstArgument();
-  /** Null behind the last. */
+  /** Null after the last. */
   const char* getNextArgument();
-  /** The complaints, one a line, in the order found; empty if there are none. */
+  /** The complaints, one per line, in the order found; empty if there are none. */
   const char* getErrors() const { return errors.get(); }
-  /** The file that the program was started from, as far as that can be told. */
+  /** The file that the program was started from, as far as that is known. */
   const char* getCallPath() const { return callPath.get(); }
   const char* getProgramName() const { return callPath.tail(); }
 
  private:
-  // The walk of scan; `waiting` is the switch that has no value yet, or null.
+  // Helpers of scan; `waiting` is the switch that has no value yet, or null.
   int scanLetters(const char* letters, ArgSwitch*& waiting);
   int scanLetter(char letter, ArgSwitch*& waiting);
-  /** -1, with a complaint, if the switch waits in vain; it waits no longer. */
+  /** -1, with a complaint, if the switch still waits for its value; it waits no longer. */
   int dropWaiting(ArgSwitch*& waiting);
 
   /** Sets the flag's status; 0 if there is no such flag. */

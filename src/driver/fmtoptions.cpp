@@ -1,4 +1,4 @@
-// Options by getopt_long; what may stand together is a table.
+// Options by getopt_long; a table says what may be combined.
 #include "driver/fmtoptions.h"
 
 #include <getopt.h>
@@ -113,7 +113,7 @@ std::string readOption(int letter, FmtOptions& options) {
   }
 }
 
-/** What means nothing together, the first that applies. */
+/** The first combination of options that makes no sense. */
 std::string findContradiction(const FmtOptions& options) {
   const bool isOfGit = options.isStaged || options.isChanged;
   const bool hasInput =

@@ -32,7 +32,7 @@ struct FmtOptions {
 
 extern const char* const fmtUsage;
 
-/** Takes the command line apart. False, with a line on standard error, if it is wrong. */
+/** Parses the command line. False, with a line on standard error, if it is wrong. */
 [[nodiscard]] bool readFmtOptions(int argc, char** argv, FmtOptions& options);
 
 #endif

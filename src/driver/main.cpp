@@ -1,6 +1,5 @@
 // The program: options first, then configuration, then the inputs one by one through the one
-// scanner. Standard output carries formatted text alone; everything that is said goes to standard
-// error.
+// scanner. Standard output carries only formatted text; all messages go to standard error.
 #include <csignal>
 #include <cstdio>
 #include <new>
@@ -34,7 +33,7 @@ void useHelp() { std::fputs("use qorn -h for help\n", stderr); }
 
 extern "C" void interrupted(int) { endRun(STATUS_INTERRUPTED); }
 
-/** -1 if -t is given without a number above 0, which is then told. */
+/** -1 if -t is given without a number above 0, which is then reported. */
 int checkTabsize(const char* value) {
   if (value[0] == '\0' || integerAt(value) > 0) return 0;
   std::fprintf(stderr, "Error! option -t needs a number above 0: %s\n", value);
@@ -68,12 +67,12 @@ ExitStatus formatFiles(ArgScan& options, VhdlScanner& scanner) {
     if (scanner.setInputFile(file) != 0 || scanner.format() != 0) return STATUS_FAILED;
     scanner.Print(nullptr);
     file = options.getNextArgument();
-    if (file != nullptr) scanner.Reset();  // the last list goes with the process
+    if (file != nullptr) scanner.Reset();  // the last list is freed with the process
   }
   return STATUS_OK;
 }
 
-/** Does what the command line asks for, and tells how the run is to end. */
+/** Does what the command line asks for, and returns how the run is to end. */
 ExitStatus run(int argc, char** argv) {
   ArgScan options;
   options.setOptionalFlags("hvik");
@@ -94,7 +93,7 @@ ExitStatus run(int argc, char** argv) {
   }
   Settings settings;
   if (configure(options, settings) != 0) return STATUS_FAILED;
-  static VhdlScanner& scanner = *new VhdlScanner(settings);  // goes with the process
+  static VhdlScanner& scanner = *new VhdlScanner(settings);  // freed with the process
   if (options.getFlag('i') == 1) scanner.setIncludeOption();
   if (options.getFirstArgument() == nullptr) return formatStandardInput(scanner);
   return formatFiles(options, scanner);

@@ -1,5 +1,5 @@
 // The companion that people run on files, folders and git's changes. Everything that it does to a
-// text goes through `judgeContent`; here stands where texts come from and how the run ends.
+// text goes through `judgeContent`; this file decides where texts come from and how the run ends.
 #include <unistd.h>
 
 #include <algorithm>
@@ -111,7 +111,7 @@ bool isWanted(const std::string& name, const FmtOptions& options) {
   return options.isForced || isSourceName(name);
 }
 
-/** Takes out what is no file to format: other names, links, submodules, what is deleted or in
+/** Removes what is not a file to format: other names, links, submodules, what is deleted or in
     conflict. False where git fails. */
 bool takeOutOthers(GitTree& tree, const FmtOptions& options, std::vector<GitChange>& changes,
                    std::vector<std::string>& conflicts) {
@@ -196,7 +196,7 @@ FmtStatus showSettings(const FmtOptions& options, SettingSource& settings) {
 
 // --- Guessing ---
 
-/** The texts of files, those left out that are none. */
+/** The texts of files; those that are not text are left out. */
 std::vector<std::string> readTexts(const std::vector<std::string>& files,
                                    const std::vector<std::size_t>& places) {
   std::vector<std::string> texts;

@@ -1,4 +1,4 @@
-// The walk. Both readings go on piece by piece; a place where both start a line parts the texts.
+// The walk. Both readings advance piece by piece; where both start a line, the texts are split.
 #include "fmt/comparison.h"
 
 #include <utility>
@@ -48,7 +48,7 @@ class Walk {
   Comparison compare();
 
  private:
-  /** Passes what is the same at a glance. False if the next pieces have to be read. */
+  /** Skips what is the same at a glance. False if the next pieces have to be read. */
   bool passSame();
   /** Closes the part up to these lines. */
   void part(Edge oldTo, Edge freshTo);
@@ -58,7 +58,7 @@ class Walk {
   std::string_view freshText;
   Reading oldReading;
   Reading freshReading;
-  Edge oldFrom;  // begin of the part in hand
+  Edge oldFrom;  // start of the current part
   Edge freshFrom;
   Comparison result;
 };

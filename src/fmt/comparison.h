@@ -1,6 +1,6 @@
 // One walk over a text and its layout: the proof that both hold the same tokens, and the stretches
-// in which they differ. Both texts can be parted wherever they start a line at the same token, so
-// that no search for what belongs together is needed.
+// in which they differ. Both texts can be split wherever they start a line at the same token, so
+// that no search for matching lines is needed.
 #ifndef QORN_FMT_COMPARISON_H
 #define QORN_FMT_COMPARISON_H
 
@@ -14,16 +14,16 @@
 /** Some lines of one text. */
 struct Lines {
   unsigned first = 1;     // 1-based
-  unsigned count = 0;     // with none, the place in front of the first
-  std::size_t place = 0;  // bytes in front of them
+  unsigned count = 0;     // with none, the place before the first
+  std::size_t place = 0;  // bytes before them
   std::size_t size = 0;   // bytes, line ends included
 
   bool operator==(const Lines&) const = default;
 };
 
-/** Lines of the old text and the lines that stand for them in the new one. The first lines of both
-    differ, and so do the last ones; one of both may be empty. Each stretch can be taken over alone.
- */
+/** Lines of the old text and the lines that replace them in the new one. The first lines of both
+    differ, and so do the last ones; one of both may be empty. Each stretch can be taken over
+    alone. */
 struct Stretch {
   Lines old;
   Lines fresh;
@@ -32,7 +32,7 @@ struct Stretch {
 };
 
 struct Comparison {
-  std::optional<Fault> fault;    // the new text must not take the place of the old one
+  std::optional<Fault> fault;    // the new text must not replace the old one
   std::vector<Stretch> changed;  // in order; empty on a fault
 };
 

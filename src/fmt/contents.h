@@ -11,7 +11,7 @@
 #include "fmt/textform.h"
 
 /** The content of a file with lines of it replaced, all others as they are to the byte. `taken`
-    tells the numbers of the old lines, and where the new ones stand in `fresh`. */
+    gives the numbers of the old lines, and where the new ones are in `fresh`. */
 [[nodiscard]] std::string spliceContent(std::string_view content, const TextForm& form,
                                         std::string_view fresh, const std::vector<Stretch>& taken);
 

@@ -11,7 +11,7 @@ constexpr std::size_t longestShown = 40;
 constexpr std::string_view remedy = "; put --QORN-OFF in front of it";
 constexpr std::string_view remedyOfPsl = "; set VHDL 2008";  // it is a bar in shielded lines, too
 
-/** In double quotes, cut off where it is long, and with nothing in it that a terminal obeys. */
+/** In double quotes, truncated if long, and without anything that a terminal would obey. */
 std::string quoted(std::string_view text) {
   std::string result = "\"";
   for (const char character : text.substr(0, longestShown)) {
@@ -43,7 +43,7 @@ bool beginsWith(const Piece& piece, std::string_view front) {
   return isFoldedSame(piece.text.substr(0, front.size()), front);
 }
 
-/** Whether the text has a carriage return that stands in front of no line end. */
+/** Whether the text has a carriage return that is not before a line end. */
 bool hasBareReturn(std::string_view text) {
   for (std::size_t at = text.find('\r'); at != std::string_view::npos;
        at = text.find('\r', at + 1)) {

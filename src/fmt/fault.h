@@ -1,4 +1,4 @@
-// What formatting must not do to a text, told to its author.
+// What formatting must not do to a text, explained to its author.
 #ifndef QORN_FMT_FAULT_H
 #define QORN_FMT_FAULT_H
 
@@ -11,8 +11,8 @@ struct Fault {
   std::string message;  // without file and line; one line, no line end
 };
 
-/** The fault by which two readings that were equal so far have come to pieces that differ. Both
-    readings go on a little. */
+/** The fault that made two readings, equal so far, arrive at different pieces. Both readings
+    advance a little. */
 [[nodiscard]] Fault explainDifference(Reading& oldReading, Reading& freshReading);
 
 #endif

@@ -20,7 +20,7 @@ constexpr const char* misleadingVariables[] = {
     "GIT_GLOB_PATHSPECS", "GIT_NOGLOB_PATHSPECS", "GIT_ICASE_PATHSPECS",
 };
 
-/** Up to the delimiter, which is taken off as well. */
+/** Takes off the text up to the delimiter, and the delimiter as well. */
 std::string_view take(std::string_view& text, char delimiter) {
   const std::size_t length = std::min(text.find(delimiter), text.size());
   const std::string_view piece = text.substr(0, length);
@@ -34,7 +34,7 @@ std::vector<std::string> split(std::string_view text, char delimiter) {
   return pieces;
 }
 
-/** From ":MODE MODE ID ID STATUS", NUL, "NAME", NUL; in front of a new name stands the old. */
+/** From ":MODE MODE ID ID STATUS", NUL, "NAME", NUL; an old name precedes the new one. */
 GitChange takeChange(std::string_view& list) {
   std::string_view fields = take(list, '\0');
   GitChange change;
@@ -54,7 +54,7 @@ std::vector<std::string> specsOf(const std::vector<std::string>& names, const ch
   return specs;
 }
 
-/** What git says, without its own word for it, on one line. */
+/** What git says, without its own prefix, on one line. */
 std::string firstLine(std::string_view text) {
   std::string_view line = text.substr(0, text.find('\n'));
   if (line.starts_with("fatal: ")) line.remove_prefix(7);

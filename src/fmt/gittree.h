@@ -1,6 +1,6 @@
-// What git knows about the work tree that the current folder lies in, by git's own plumbing. Names
+// What git knows about the work tree that contains the current folder, by git's own plumbing. Names
 // are those of the index, from the root of the work tree; paths lead there from the current folder.
-// No setting of the user's changes what is read.
+// No user setting changes what is read.
 #ifndef QORN_FMT_GITTREE_H
 #define QORN_FMT_GITTREE_H
 

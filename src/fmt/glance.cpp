@@ -1,5 +1,5 @@
-// Two readings that pass what is the same without a piece for each. What is not told at a glance is
-// left to next(); nothing may be passed here that it would read differently.
+// Two readings that skip what is the same without a piece for each. What can't be decided at a
+// glance is left to next(); nothing may be skipped here that it would read differently.
 #include <algorithm>
 #include <cstring>
 
@@ -34,7 +34,7 @@ unsigned char wordCharacter(char character) {
   return wordCharacters[static_cast<unsigned char>(character)];
 }
 
-// Each is the length of the piece that both texts begin with. 0 where it takes more to tell.
+// Each is the length of the piece that both texts begin with. 0 if a glance can't decide.
 
 /** Of letters and digits, which don't go on with those marks. */
 std::size_t lengthOfSameWord(std::string_view old, std::string_view fresh, int marks) {

@@ -1,7 +1,7 @@
-// Letter case is read off the words themselves: where nearly all are of one style, that is the
-// style. All other keys are tried one by one, each with the others as found so far, until a round
-// finds nothing better. One pass a trial is enough to choose by; the shares that people read are
-// those of settled results.
+// Letter case is read off the words themselves: if nearly all have one style, that is the style.
+// All other keys are tried one by one, each with the others as found so far, until a round finds
+// nothing better. One pass a trial is enough to choose by; the shares that people read are those of
+// settled results.
 #include "fmt/guess.h"
 
 #include <algorithm>
@@ -30,7 +30,7 @@ constexpr long long leastWorth = 2000;  // a key has to save one line of so many
 
 struct Cost {
   std::size_t changed = 0;  // lines of the sources
-  std::size_t lines = 0;    // the same, but no less than the lines that take their place
+  std::size_t lines = 0;    // the same, but no fewer than the lines that replace them
 
   static std::size_t weight() { return sizeof(Cost); }
 };

@@ -1,5 +1,5 @@
-// Finding the configuration that suits sources as they are: the one with which formatting changes
-// the fewest of their lines.
+// Finding the configuration that suits existing sources: the one with which formatting changes the
+// fewest of their lines.
 #ifndef QORN_FMT_GUESS_H
 #define QORN_FMT_GUESS_H
 

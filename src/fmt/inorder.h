@@ -1,6 +1,6 @@
 // Work on numbered items in several threads, with results that come out in the order of the
-// numbers. A thread takes the next item when it is free, so memory is that of the items in hand;
-// results that wait for an earlier one are bounded too.
+// numbers. A thread takes the next item when it is free, so memory is that of the items in
+// progress; results that wait for an earlier one are bounded too.
 #ifndef QORN_FMT_INORDER_H
 #define QORN_FMT_INORDER_H
 
@@ -14,9 +14,9 @@
 
 #include "base/threads.h"
 
-/** `work(i)` gives a Result, in any thread; `deliver(result)` takes it, one at a time and in
-    order, and returns false to have no further work begun. What is in hand then is still delivered.
-    Result has `weight()`, the bytes that it holds. */
+/** `work(i)` gives a Result, in any thread; `deliver(result)` takes it, one at a time and in order,
+    and returns false to have no further work begun. Work in progress is still delivered. Result has
+    `weight()`, the bytes that it holds. */
 template <class Result, class Work, class Deliver>
 class InOrder {
  public:

@@ -8,7 +8,7 @@ namespace {
 
 constexpr unsigned lastOfAll = std::numeric_limits<unsigned>::max();
 
-/** A number of which the whole text consists, held in range; 0 if it is none. */
+/** The number that the whole text consists of, clamped to the range; 0 if it is none. */
 unsigned parsedLine(std::string_view text) {
   unsigned line = 0;
   const std::from_chars_result result =

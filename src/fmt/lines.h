@@ -1,4 +1,4 @@
-// Taking over no more of a layout than the lines asked for call for.
+// Taking over no more of a layout than the requested lines need.
 #ifndef QORN_FMT_LINES_H
 #define QORN_FMT_LINES_H
 
@@ -20,7 +20,7 @@ class LineSet {
  public:
   /** Adds the lines of "A:B". False, and nothing is added, unless 1 <= A <= B. */
   [[nodiscard]] bool addParsed(std::string_view text);
-  /** Adds count lines; none where it is 0, as git has it for a place where lines went. */
+  /** Adds count lines; none where it is 0, as git has it for a place where lines were deleted. */
   void add(unsigned first, unsigned count);
   bool isEmpty() const { return ranges.empty(); }
   const std::vector<LineRange>& getRanges() const { return ranges; }
@@ -43,8 +43,8 @@ struct PartialText {
 };
 
 /** The old text with those stretches of the new one that touch the lines, which are lines of the
-    old text. A stretch that only inserts touches the lines that it comes between. All else stays
-    to the byte. */
+    old text. A stretch that only inserts touches the lines that it comes between. All else is
+    unchanged to the byte. */
 [[nodiscard]] PartialText takeOver(std::string_view old, std::string_view fresh,
                                    const std::vector<Stretch>& changed, const LineSet& lines);
 

@@ -1,4 +1,4 @@
-// Changed lines are stepped over by the counts in front of them, as they may look like anything.
+// Changed lines are skipped by the counts before them, as they may look like anything.
 #include "fmt/patchhunks.h"
 
 #include <algorithm>

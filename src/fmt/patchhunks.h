@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-/** Lines that stand for others. Counted from 1; where a count is 0, the line stands before the gap.
- */
+/** Lines that replace others. Counted from 1; where a count is 0, the line stands before the
+    gap. */
 struct PatchHunk {
   unsigned oldFirst = 0;
   unsigned oldCount = 0;

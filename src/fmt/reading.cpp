@@ -1,4 +1,4 @@
-// The state of a reading, and which rule holds at a place.
+// The state of a reading, and which rule applies where.
 #include "fmt/reading.h"
 
 #include "fmt/readingrules.h"
@@ -108,7 +108,7 @@ bool Reading::readLayout() {
 bool Reading::readBlanks(const char* blanks) {
   const char* const behind = at;
   if (behind == end || *behind == '\n') {
-    if (mode == COMMENT) return false;  // tabs may have taken them away
+    if (mode == COMMENT) return false;  // tabs may have removed them
     while (at > blanks && at[-1] == '\r') --at;
   }
   const char* const kept = at;

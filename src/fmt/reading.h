@@ -1,5 +1,5 @@
-// A reading of VHDL in all its revisions, PSL included, that shares nothing with the lexer of the
-// formatter: it is the witness that a layout has left the tokens of a text alone. It rejects
+// A reading of VHDL in all its revisions, PSL included, that shares nothing with the formatter's
+// lexer: it is the independent check that a layout has left the tokens of a text alone. It rejects
 // nothing. No revision is chosen: where two of them read a text differently, the compound of the
 // later one counts, since earlier ones have no use for what later ones put together.
 #ifndef QORN_FMT_READING_H
@@ -33,44 +33,44 @@ struct Piece {
   const char* lineStart;  // of its line
   unsigned line;          // 1-based
   PieceKind kind;
-  bool startsLine;  // nothing but what is passed over stands in front of it on its line
+  bool startsLine;  // only what is skipped precedes it on its line
   bool isShielded;  // from all formatting: letter case counts
 };
 
-/** Reads one text, piece by piece. Blanks, line ends and the frames of line comments are passed
-    over, but where they count: blanks and line ends under a pragma comment and in encrypted text,
-    line ends in block comments and tool directives. The text has to outlive the reading. Linear,
-    and takes no memory. */
+/** Reads one text, piece by piece. Blanks, line ends and the frames of line comments are skipped,
+    except where they count: blanks and line ends under a pragma comment and in encrypted text, line
+    ends in block comments and tool directives. The text must outlive the reading. Linear, and
+    allocates nothing. */
 class Reading {
  public:
   /** The characters are those that frame comments, as the settings have them. */
   Reading(std::string_view text, std::string_view frameCharacters);
 
-  /** The next piece, END for ever after the last one; valid until the next call. */
+  /** The next piece; after the last one, always END; valid until the next call. */
   const Piece& next();
   /** The piece that came last. */
   const Piece& getPiece() const { return piece; }
 
   // --- At a glance (glance.cpp) ---
-  // Two readings of like texts are much faster where both pass what is the same without a piece.
+  // Two readings of like texts are much faster if both skip what is the same without a piece.
 
   /** Nothing but code and line comments, and no layout that counts. */
   bool isPlain() const {
     return mode <= COMMENT && !isLayoutKept() && !isInDirective && !isBeforeEncrypted;
   }
-  /** Passes the layout in front of a piece. Requires: isPlain. */
+  /** Skips the layout before a piece. Requires: isPlain. */
   void passLayout();
   /** The line that this stands in, of which nothing but layout has been passed; null elsewhere. */
   const char* startOfFreshLine() const { return isLineStart && mode == CODE ? lineStart : nullptr; }
   unsigned getLine() const { return line; }
-  /** Passes pieces that a glance tells to be the same, up to the end of a line at most. False if
-      the next one is none of them. Requires: both are plain. */
+  /** Skips pieces that are the same at a glance, up to the end of a line at most. False if the next
+      one is none of them. Requires: both are plain. */
   [[nodiscard]] static bool passSame(Reading& old, Reading& fresh);
 
  private:
   enum Mode : unsigned char { CODE, COMMENT, BLOCK, ENCRYPTED };
 
-  // Each sets the piece and is true if it did; `at` then stands after the piece.
+  // Each sets the piece and is true if it did; `at` is then after the piece.
   bool readLayout();
   bool readBlanks(const char* blanks);
   bool readCode();

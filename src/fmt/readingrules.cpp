@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr std::size_t longestBase = 2;  // letters in front of a bit string
+constexpr std::size_t longestBase = 2;  // letters before a bit string
 
 // By their first characters, which ascend; of one first character the longer ones first.
 constexpr std::string_view compounds[] = {
@@ -65,7 +65,7 @@ const char* endOfExponent(const char* at, const char* end) {
   return isDigitAt(digits, end) ? endOfDigits(digits, end) : at;
 }
 
-/** From the first mark of a based literal to behind the second one. */
+/** From the first mark of a based literal to after the second one. */
 const char* endOfBased(const char* mark, const char* end) {
   const char* here = mark + 1;
   while (here < end && (isWordCharacter(*here) || *here == '.')) ++here;
@@ -121,7 +121,7 @@ const char* endOfQuoted(const char* at, const char* end) {
 const char* endOfCharacter(const char* at, const char* end) {
   if (end - at < 3 || at[1] == '\n') return nullptr;
   const char* close = at + 2;
-  if (static_cast<unsigned char>(at[1]) >= 0xC0) {  // UTF-8: the bytes that go on
+  if (static_cast<unsigned char>(at[1]) >= 0xC0) {  // UTF-8: continuation bytes
     while (close < end && (static_cast<unsigned char>(*close) & 0xC0) == 0x80) ++close;
   }
   return close < end && *close == '\'' ? close + 1 : nullptr;

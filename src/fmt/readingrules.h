@@ -1,5 +1,5 @@
-// The rules of the reading. Each looks at one line at most, so that a text without an end to a
-// string or a name costs no more than any other.
+// The rules of the reading. Each looks at one line at most, so that a text with an unterminated
+// string or name costs no more than any other.
 #ifndef QORN_FMT_READINGRULES_H
 #define QORN_FMT_READINGRULES_H
 
@@ -52,7 +52,7 @@ constexpr auto characterClasses = [] {
 // Each is the end of what begins at `at`. Where a null pointer can come out, nothing of the kind
 // begins there, or it doesn't end on its line.
 [[nodiscard]] const char* endOfNumber(const char* at, const char* end);
-/** Null without a quote. Its length, if it has one, stands in front. */
+/** Null without a quote. Its length, if any, precedes it. */
 [[nodiscard]] const char* endOfBitString(const char* base, const char* end);
 /** Of a string or an extended identifier: the mark at `at` ends it unless it is doubled. */
 [[nodiscard]] const char* endOfQuoted(const char* at, const char* end);

@@ -1,5 +1,5 @@
-// Standard output is flushed before anything goes to standard error, so that both read in order
-// where they end in one place.
+// Standard output is flushed before anything goes to standard error, so that both read in order if
+// they go to the same place.
 #include "fmt/runreport.h"
 
 #include <cerrno>

@@ -31,7 +31,7 @@ struct FileReport {
   enum Outcome : int {
     SAME,
     CHANGED,  // or would be
-    LEFT      // for the trouble that the messages tell
+    LEFT      // for the trouble that the messages report
   };
   Outcome outcome = SAME;
   bool isLast = false;                      // no further file can succeed

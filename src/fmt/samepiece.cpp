@@ -36,7 +36,7 @@ bool isSameMeaning(const Piece& old, const Piece& fresh) {
   }
 }
 
-/** These mean something else when they go on another line. */
+/** These mean something else when moved to another line. */
 bool isBoundToLine(PieceKind kind) {
   return kind == PieceKind::FOREIGN || kind == PieceKind::DIRECTIVE;
 }

@@ -5,7 +5,7 @@
 
 #include "fmt/reading.h"
 
-/** Whether the formatter may put the new piece in the place of the old one. */
+/** Whether the formatter may replace the old piece by the new one. */
 [[nodiscard]] bool isSamePiece(const Piece& old, const Piece& fresh);
 
 /** Whether the texts are the same but for the case of ASCII letters. */

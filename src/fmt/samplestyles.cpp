@@ -1,4 +1,4 @@
-// A program may stand alone, so that it brings the styles along. A test holds them against the
+// The program may be installed alone, so it contains the styles. A test compares them with the
 // files.
 #include "fmt/samplestyles.h"
 

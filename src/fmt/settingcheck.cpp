@@ -1,4 +1,4 @@
-// The same pieces that the settings are made of, gathered into what people take for words: a run
+// The same pieces that the settings are made of, grouped into what people take for words: a run
 // without blanks and separators. A word that is not a piece from end to end is one that the
 // language does not know, whatever it finds in it.
 #include "fmt/settingcheck.h"
@@ -131,7 +131,7 @@ class Checker {
   Place place;
   std::vector<Key> keys;
   std::vector<Complaint> complaints;
-  std::vector<ConfigPiece> word;  // the pieces in hand, without a gap
+  std::vector<ConfigPiece> word;  // the current pieces, without a gap
   std::string readAs;             // what was found in the unknown word in hand
   char dropped = '\0';            // the quote just dropped
   bool isAfterUnknown = false;    // of a word in which nothing was found

@@ -1,5 +1,5 @@
-// What a configuration says, and what of it is without effect. The language drops whatever it does
-// not know; people want to be told.
+// What a configuration says, and what of it has no effect. The language drops whatever it does not
+// know; people want to know.
 #ifndef QORN_FMT_SETTINGCHECK_H
 #define QORN_FMT_SETTINGCHECK_H
 

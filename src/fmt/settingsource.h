@@ -20,7 +20,7 @@ struct Configuration {
   std::string trouble;
 };
 
-/** What is wrong with a configuration, a line each: its trouble, or what of it has no effect. */
+/** What is wrong with a configuration, one per line: its trouble, or what of it has no effect. */
 [[nodiscard]] std::vector<std::string> complaintsAbout(const Configuration& configuration);
 
 /** What `--settings` shows. */

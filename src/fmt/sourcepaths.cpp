@@ -1,6 +1,6 @@
 // A file is known by its place on its device, so that a second way to it is seen without comparing
-// paths; only names of a file with several are told apart by their real paths, as each of them is
-// replaced by itself.
+// paths; only if a file has several names are they distinguished by their real paths, as each of
+// them is replaced by itself.
 #include "fmt/sourcepaths.h"
 
 #include <algorithm>

@@ -98,8 +98,8 @@ void StagedGroup::judge(SettingSource& settings) {
   texts = std::move(judged);
 }
 
-/** Makes the new entries of what has changed; false if somebody else has staged such a file anew.
- */
+/** Makes the new entries of what has changed; false if somebody else has staged such a file
+    again. */
 bool StagedGroup::makeEntries(std::vector<IndexEntry>& entries) {
   std::vector<IndexEntry> current;
   if (!tree.readIndex(names, current)) return false;

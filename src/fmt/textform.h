@@ -1,5 +1,5 @@
-// How a file holds its text: byte order mark and line ends. Both are taken off before formatting,
-// which knows neither, and put back afterwards.
+// How a file holds its text: byte order mark and line ends. Both are removed before formatting,
+// which knows neither, and restored afterwards.
 #ifndef QORN_FMT_TEXTFORM_H
 #define QORN_FMT_TEXTFORM_H
 
@@ -21,8 +21,8 @@ struct Unreadable {
 };
 [[nodiscard]] Unreadable findUnreadable(std::string_view content);
 
-/** Takes the content apart into its form and a text with plain line ends. A carriage return within
-    a line stays in the text. */
+/** Splits the content into its form and a text with plain line ends. A carriage return within a
+    line stays in the text. */
 [[nodiscard]] TextForm takeOffForm(std::string_view content, std::string& text);
 
 /** The content of a file with this text in this form. */

@@ -87,7 +87,7 @@ void appendLines(std::string& result, char mark, std::string_view text) {
   }
 }
 
-/** A hunk without lines names the line in front of it. */
+/** A hunk without lines names the line before it. */
 void appendRange(std::string& result, char mark, unsigned first, unsigned count) {
   result.append(1, mark).append(std::to_string(count == 0 ? first - 1 : first));
   result.append(1, ',').append(std::to_string(count));

@@ -1,6 +1,6 @@
-// The text of one comment: drawing a frame out to the margin, cutting filler off, splitting. The
-// pair of a comment is its last two characters, where they are the same frame character; a filled
-// comment has two more of them in front of it.
+// The text of one comment: extending a frame to the margin, trimming filler, splitting. The pair of
+// a comment is its last two characters, if they are the same frame character; a filled comment has
+// two more of them before the pair.
 #include <algorithm>
 
 #include "base/columns.h"
@@ -51,7 +51,7 @@ void VhdlToken::trimmComment(int width, std::string_view pair, Arena& arena) {
   const int count = static_cast<int>(source.size());
   if (count < room || count <= pairLength || !source.ends_with(pair)) return;
   const char mark = pair[0];
-  int last = count - pairLength - 1;  // the character in front of the pair that may be filler
+  int last = count - pairLength - 1;  // the character before the pair that may be filler
   while (last > 0 && last > room - 4 &&
          (source[static_cast<std::size_t>(last)] == ' ' ||
           source[static_cast<std::size_t>(last)] == mark)) {
@@ -74,7 +74,7 @@ std::span<char> VhdlToken::stripComment(int width, std::string_view chars, Arena
   const std::size_t blank = source.rfind(' ', static_cast<std::size_t>(limit));
   if (blank == std::string_view::npos || blank < continuationMark.size()) return {};
   // The rest stays where it is, so that a comment of any length is split without copying the rest
-  // for each piece: what this line keeps is copied, and the next mark goes over the end of it.
+  // for each piece: what this line keeps is copied, and the next mark overwrites the end of it.
   const std::span<char> whole = ownText(arena);
   DynString kept(source.substr(0, blank));
   if (pair.length() > 0) {

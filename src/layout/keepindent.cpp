@@ -1,6 +1,5 @@
-// Fragments cut from the middle of a file: the column at which the code starts primes the indent
-// stack with as many levels as the column is deep, so that the fragment's closing words have levels
-// to pop.
+// Fragments cut from the middle of a file: the column at which the code starts determines how many
+// levels the indent stack is primed with, so that the fragment's closing words have levels to pop.
 #include "scanner/vhdlscanner.h"
 
 void VhdlScanner::KeepIndentation() {

@@ -1,10 +1,10 @@
 // Wrapping: the pass walks the list once and keeps every line within lineWidth columns. A line is
-// broken between two tokens only, behind the one with the best score among those left of the token
-// that overflows. All that shapes a continuation line stands in the tokens already: the indent at
-// which each one starts a line, and its gravity.
+// broken only between two tokens, after the one with the best score among those left of the token
+// that overflows. Everything that shapes a continuation line is already in the tokens: the indent
+// at which each one starts a line, and its gravity.
 //
-// Nothing is brought up to date further than the next overflow: columns are counted along as tokens
-// are visited, and the shifts of indents wait until a token is reached.
+// Nothing is updated beyond the next overflow: columns are counted as tokens are visited, and the
+// shifts of indents wait until a token is reached.
 #include <cassert>
 
 #include "base/columns.h"
@@ -13,15 +13,15 @@
 
 /** The line that the pass is on. */
 struct VhdlScanner::LineInHand {
-  long long width = 0;    // bytes of the tokens visited, the one in hand included
-  long long surplus = 0;  // columns that tabs and redrawn comments before that one add to them
-  bool isNew = true;      // is the token in hand visited for the first time?
-  VhdlToken* reached = nullptr;   // the furthest token visited; those behind it await `shifts`
+  long long width = 0;            // bytes of the tokens visited, including the current one
+  long long surplus = 0;          // columns that tabs and redrawn comments before it add
+  bool isNew = true;              // is the current token visited for the first time?
+  VhdlToken* reached = nullptr;   // the furthest token visited; those after it await `shifts`
   PendingShifts shifts;           // for the rest of the line
-  VhdlToken* hopeless = nullptr;  // a token on this line, with no place to break left of it
-  const VhdlToken* brokenComment = nullptr;  // the last one that was broken instead of its code
+  VhdlToken* hopeless = nullptr;  // a token on this line with no place to break left of it
+  const VhdlToken* brokenComment = nullptr;  // the last one broken instead of its code
 
-  /** Brings the indent of the token behind the furthest one up to date. */
+  /** Updates the indent of the token after the furthest one. */
   void reach(VhdlToken& token) {
     reached = &token;
     if (shifts.concern(token.getIndent())) token.setIndent(shifts.apply(token.getIndent()));
@@ -48,7 +48,7 @@ bool isBlank(const VhdlToken& token) {
   return token.getTyp() == T_WHITESPACE || token.getTyp() == T_NEWLINE;
 }
 
-/** The comment at a token, or behind it if nothing but blanks stands between; else null. */
+/** The comment at a token, or after it with only blanks in between; else null. */
 const VhdlToken* commentAt(const VhdlToken& place) {
   const VhdlToken* token = &place;
   do {
@@ -58,8 +58,8 @@ const VhdlToken* commentAt(const VhdlToken& place) {
   return place.getTyp() == T_COMMENT ? &place : token;
 }
 
-/** Brings the columns behind a token up to date as far as a break before it needs them: over
-    blanks, which go with the break, to the first token behind them. */
+/** Updates the columns after a token as far as a break before it needs them: over blanks, which the
+    break removes, to the first token after them. */
 void SetColumnsInLine(VhdlToken* token) {
   int column = token->getColumn();
   while (isBlank(*token) && !isLineEnd(*token, 1)) {
@@ -70,7 +70,7 @@ void SetColumnsInLine(VhdlToken* token) {
   }
 }
 
-/** The best token to break behind, left of the overflow on its line, or null. The search ends at
+/** The best token to break after, left of the overflow on its line, or null. The search ends at
     `hopeless`, left of which there is none. */
 VhdlToken* findBreak(const VhdlToken& overflow, const VhdlToken* hopeless) {
   if (isBlockComment(overflow.getTyp())) return nullptr;  // it stays beside its code
@@ -83,7 +83,7 @@ VhdlToken* findBreak(const VhdlToken& overflow, const VhdlToken* hopeless) {
     int score = token->getWrapGravity(behind->getIndent());
     if (isBlocked && score > 0) score = 0;
     isBlocked = score == -1;
-    if (score > best) {  // of equal scores the one furthest right
+    if (score > best) {  // of equal scores the rightmost wins
       best = score;
       candidate = token;
     }
@@ -137,7 +137,7 @@ void VhdlScanner::drawOutComment(VhdlToken& comment) {
 }
 
 VhdlToken* VhdlScanner::WrapLine(VhdlToken& overflow, LineInHand& line) {
-  // An emptied blank behind an unbreakable line: a break before it would take the line end away.
+  // An emptied blank after an unbreakable line: a break before it would remove the line end.
   if (isModern() && overflow.textLength(1) == 0) return nullptr;
   overflow.setColumn(heldInRange(overflow.getColumn() + line.surplus));
   assert(overflow.getColumn() == ruler.read(&overflow, settings.indentation).column);
@@ -147,8 +147,8 @@ VhdlToken* VhdlScanner::WrapLine(VhdlToken& overflow, LineInHand& line) {
     SetColumnsInLine(&overflow);
     return breakBehind(*candidate, line);
   }
-  // Where a carriage return joins two comments to one line, the second leads back to the first. It
-  // is broken once; after that the line counts as one without a place to break.
+  // If a carriage return joins two comments on one line, the second leads back to the first. It is
+  // broken once; after that the line counts as having no place to break.
   const bool isStuck = comment != nullptr && comment == line.brokenComment;
   if (comment != nullptr && !isStuck) {
     finishLine(overflow, line);
@@ -170,7 +170,7 @@ VhdlToken* VhdlScanner::breakBehind(VhdlToken& candidate, LineInHand& line) {
   lineEnd->setFormatText("\n");
   ruler.forget();
   bool isNew = false;
-  bool isDrawnUp = false;  // does the line below become a part of this one?
+  bool isDrawnUp = false;  // is the next line joined to this one?
   VhdlToken* first = lineEnd->getNext();
   for (; first != nullptr; first = first->getNext()) {
     if (isNew) line.reach(*first);
@@ -183,7 +183,7 @@ VhdlToken* VhdlScanner::breakBehind(VhdlToken& candidate, LineInHand& line) {
     first->setFormatText("");
   }
   if (first != nullptr) {
-    if (isDrawnUp) first->setColumn(0);  // no column of that line has been counted yet
+    if (isDrawnUp) first->setColumn(0);  // columns of that line have not been counted yet
     tokenList.setAnchor(first);
     IndentLine(0);
     ReindentLine(*first, line);
@@ -221,13 +221,13 @@ void VhdlScanner::finishLine(const VhdlToken& overflow, LineInHand& line) {
 }
 
 VhdlToken* VhdlScanner::breakComments(VhdlToken& place, LineInHand& line) {
-  ruler.forget();  // the comment may be one that was passed before
+  ruler.forget();  // the comment may be one already passed
   tokenList.setAnchor(&place);
   BreakComment();
   line.start(/*nextIsNew*/ true);
   VhdlToken* last = anchorToken();
   if (!isLineEnd(*last, 1)) {
-    line.surplus = getColumn(1);  // the pass measures from here as from the start of a line
+    line.surplus = getColumn(1);  // width restarts at 0 here, as at the start of a line
     line.surplus += countColumns(*last, 1, settings.indentation);
   }
   return last;

@@ -1,4 +1,4 @@
-// Writing the finished list. The old file stays under its backup name, and the list is complete
+// Writing the finished list. The old file is kept under its backup name, and the list is complete
 // before that file is touched.
 #include <cerrno>
 #include <cstring>
@@ -10,8 +10,8 @@
 
 namespace {
 
-/** Writes to the standard output, past its stream: nothing is left to be written when a signal ends
-    the run. Once a write has failed, the error is kept and nothing more is written. */
+/** Writes to standard output, bypassing its stream: nothing is left to be written when a signal
+    ends the run. Once a write has failed, the error is kept and nothing more is written. */
 class StandardOutput : public TextSink {
  public:
   void put(std::string_view text) override {

@@ -1,4 +1,4 @@
-// The runs of shifts.
+// Applying shifts in runs.
 #include "layout/pendingshifts.h"
 
 #include "base/columns.h"
@@ -36,7 +36,7 @@ int PendingShifts::apply(int indent) {
 
 void PendingShifts::clear() {
   if (shifts.empty()) return;
-  shifts.clear();  // the memory stays for the next line
+  shifts.clear();  // keeps the memory for the next line
   smallest = INT_MAX;
   totals.resize(1);
   limits.clear();

@@ -1,10 +1,10 @@
-// Shifts of indents that still wait for their tokens.
+// Shifts of indents that are yet to be applied to their tokens.
 //
-// Each break of a line moves the indents further on in it that lie beyond a limit. A line may hold
-// millions of tokens and thousands of breaks, so the shifts are not made when they arise: they wait
-// here, in order, until a token is reached. On its way an indent takes a run of shifts, leaves out
-// a run of those whose limits it does not exceed, and so on. Where a run ends is found by bounds of
-// blocks of shifts, whatever its length.
+// Each break of a line shifts the later indents in it that exceed a limit. A line may hold millions
+// of tokens and thousands of breaks, so the shifts are not applied when they arise: they wait here,
+// in order, until a token is reached. An indent then takes a run of shifts, skips a run of those
+// whose limits it does not exceed, and so on. The end of a run is found by the bounds of blocks of
+// shifts, whatever its length.
 #ifndef QORN_LAYOUT_PENDINGSHIFTS_H
 #define QORN_LAYOUT_PENDINGSHIFTS_H
 
@@ -17,7 +17,7 @@
 
 class PendingShifts {
  public:
-  /** From now on every indent above the limit, as it then is, goes down by the shift. */
+  /** Lowers by `shift` every indent that, after the shifts added before, exceeds `limit`. */
   void add(int limit, int shift);
   /** The indent after all shifts so far. */
   [[nodiscard]] int apply(int indent);
@@ -32,22 +32,22 @@ class PendingShifts {
   };
   struct Bounds {
     long long smallest = LLONG_MAX;  // of the limits: an indent up to it takes none of the shifts
-    long long highest = LLONG_MIN;   // of the limits, each with the total before: see endOfRun
+    long long highest = LLONG_MIN;   // of the limits, each plus the total before it: see endOfRun
     void include(const Bounds& other) {
       smallest = std::min(smallest, other.smallest);
       highest = std::max(highest, other.highest);
     }
   };
-  /** The first place at or behind `from` whose limit is below the indent, else the end. */
+  /** The first place from `from` on whose limit is below the indent, else the end. */
   std::size_t startOfRun(std::size_t from, long long indent) const;
-  /** The first place at or behind `from` where an indent that has taken every shift since `from`
-      does not exceed the limit, else the end. */
+  /** The first place from `from` on where an indent that has taken every shift since `from` does
+      not exceed the limit, else the end. */
   std::size_t endOfRun(std::size_t from, long long indent) const;
 
   std::vector<Shift> shifts;
   int smallest = INT_MAX;  // limit
-  // Of the first shifts, as many as stood there when one was applied last: most never are.
-  std::vector<long long> totals{0};  // before each, and behind the last
+  // Only of the shifts that had been added when one was last applied: most never are.
+  std::vector<long long> totals{0};  // before each, and after the last
   BlockTree<Bounds> limits;
 };
 

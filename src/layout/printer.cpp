@@ -1,4 +1,4 @@
-// What is printed of a token. A run of blanks is a number up to this place.
+// What is printed for a token. Up to here a run of blanks is a number.
 #include "layout/printer.h"
 
 #include "base/columns.h"
@@ -57,7 +57,7 @@ void Printer::printTabified(const VhdlToken& token, int blanks) {
   if (typ == T_COMMENT) {
     Tabify(text);
   } else if (typ == T_WHITESPACE && reachesTabStop(column, length)) {
-    TabifyWhitespace(column, length);  // form feeds and all
+    TabifyWhitespace(column, length);  // form feeds included
   } else {
     output.write(text, styles[typ]);
   }
@@ -68,7 +68,7 @@ void Printer::Tabify(std::string_view text) {
   int at = column;
   while (!text.empty()) {
     const std::size_t blanks = std::min(text.find_first_not_of(' '), text.size());
-    if (blanks == text.size()) return;  // blanks at the end are left out
+    if (blanks == text.size()) return;  // trailing blanks are dropped
     TabifyWhitespace(at, static_cast<int>(blanks));
     const std::size_t end = std::min(text.find(' ', blanks), text.size());
     output.write(text.substr(blanks, end - blanks), C_ASIS);

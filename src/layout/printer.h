@@ -1,5 +1,5 @@
-// Tokens on their way out. The two switches of the pragma comments choose between the formatted and
-// the raw text of each; runs of blanks may become tabs.
+// Printing tokens. The two switches of the pragma comments choose between the formatted and the raw
+// text of each; runs of blanks may become tabs.
 #ifndef QORN_LAYOUT_PRINTER_H
 #define QORN_LAYOUT_PRINTER_H
 
@@ -10,7 +10,7 @@
 #include "scanner/settings.h"
 #include "tokens/vhdltoken.h"
 
-/** The text on its way to a sink, gathered into large pieces. */
+/** Gathers the text for a sink into large pieces. */
 class OutputBuffer {
  public:
   explicit OutputBuffer(TextSink& target) : sink(target) {}
@@ -70,7 +70,7 @@ class Printer {
       output.write(token.viewText(formatted), styles[typ]);
     }
   }
-  /** To be called behind the last token. */
+  /** To be called after the last token. */
   void flush() { output.flush(); }
 
  private:
@@ -79,7 +79,7 @@ class Printer {
   void printTabified(const VhdlToken& token, int blanks);
   void Tabify(std::string_view text);
   void TabifyWhitespace(int start, int count);
-  /** Is a run of that many blanks from `start` on one that becomes tabs? */
+  /** Does a run of that many blanks from `start` on become tabs? */
   bool reachesTabStop(int start, int count) const;
 
   const Settings& settings;
@@ -87,8 +87,8 @@ class Printer {
   int formatting = 1;  // the two switches
   int layout = 1;
   int formatted = 1;               // both
-  TokenTable<int> styles{C_ASIS};  // by code, so that a token needs one look
-  int column = 0;                  // of the output, in bytes before blanks turn into tabs
+  TokenTable<int> styles{C_ASIS};  // by code, so that a token needs one look-up
+  int column = 0;                  // of the output, in bytes, before blanks turn into tabs
 };
 
 #endif

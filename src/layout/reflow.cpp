@@ -1,5 +1,5 @@
-// Comments beside and behind an over-long line: moved, drawn out, cut at blanks. A comment that is
-// broken takes along the whole run of comments behind it.
+// Comments beside and after an over-long line: moved, extended, split at blanks. Breaking a comment
+// takes the whole run of comments after it along.
 #include "scanner/vhdlscanner.h"
 
 void VhdlScanner::BreakComment() {

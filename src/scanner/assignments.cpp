@@ -1,6 +1,6 @@
 // Assignments and declarations in a run, statement after statement on consecutive lines, have their
 // assignment tokens or colons in one column. The alignment works on lengths: each statement gets
-// the blanks that bring its own target up to the longest of its run.
+// the blanks that pad its own target to the longest of its run.
 #include "base/columns.h"
 #include "scanner/vhdlscanner.h"
 
@@ -25,7 +25,7 @@ int VhdlScanner::determineTargetLength(int typ, int orTyp) {
   targetLength = prevTargetLength();
   const VhdlToken* start = nextSemicolon();
   if (start == nullptr || runEnds[typ] == start) return targetLength;
-  bool isAssigned = true;  // has the statement in hand shown its assignment token?
+  bool isAssigned = true;  // has the current statement had its assignment token?
   int semicolonLine = 0;
   for (const VhdlToken* token = start; token != nullptr; token = token->getNext()) {
     const int next = token->getTyp();

@@ -1,5 +1,5 @@
-// Comment placement: a comment stays with the code that it stands beside or above. What becomes of
-// a comment that is too long is decided later, when lines are wrapped.
+// Comment placement: a comment stays with the code that it is beside or above. What happens to an
+// over-long comment is decided later, when lines are wrapped.
 #include <algorithm>
 
 #include "base/columns.h"

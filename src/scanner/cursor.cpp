@@ -1,16 +1,16 @@
-// The token cursor: all that happens to a token whatever its statement. Handlers never walk the
-// list by themselves, they call getNextToken.
+// The token cursor: everything done to a token whatever its statement. Handlers read on by calling
+// getNextToken.
 #include "scanner/vhdlscanner.h"
 
 namespace {
 
-constexpr int KEPT = 99;  // in the table below: not touched
+constexpr int KEPT = 99;  // in the table below: left alone
 
-/** What is done to a token as it is read. */
+/** How a token is spaced as it is read. */
 struct Spacing {
   int before = KEPT;   // blanks
   int behind = KEPT;   // blanks
-  int gravity = KEPT;  // how good a line break is behind the token; 0 never, -1 nor before it
+  int gravity = KEPT;  // priority of a line break after it; 0: no break; -1: nor directly before it
 };
 
 constexpr auto spacings = [] {
@@ -83,7 +83,7 @@ void VhdlScanner::passComment(VhdlToken& comment) {
     placeWholeLine(comment);
     return;
   }
-  // The blanks before these still print as formatted, so the comment keeps its column in the input.
+  // The blanks before these still print formatted, so the comment keeps its source column.
   if (typ == T_FORMAT_OFF || typ == T_INDENT_OFF) comment.setIndent(getColumn(0));
   IndentLine(0);
   handleComment();

@@ -1,4 +1,4 @@
-// Declarations: objects, attributes, groups, types and subprograms. One entry stays on the indent
+// Declarations: objects, attributes, groups, types and subprograms. One entry remains on the indent
 // stack for the semicolon that the pass reads, unless a handler has consumed the semicolon itself.
 #include <algorithm>
 
@@ -36,7 +36,7 @@ void VhdlScanner::Group() {
   alignConstantSignalFile();
   setNextSpaces(1);
   if (getNextTokenTyp() != T_LPAREN) return;
-  // A template: two entity classes at most, each perhaps with a box behind it.
+  // A template: two entity classes at most, each with an optional box after it.
   if (readEntityClass() == T_COMMA) {
     setNextSpaces(1);
     readEntityClass();
@@ -170,7 +170,7 @@ void VhdlScanner::UnitList() {
   while (const VhdlToken* token = getNextToken()) {
     switch (token->getTyp()) {
       case T_END: setPrevNewline(); return;
-      case T_EQUAL: alignAt(addColumns(width, 1)); break;  // it has a blank before it already
+      case T_EQUAL: alignAt(addColumns(width, 1)); break;  // it already has a blank before it
       case T_COMMA:
       case T_SEMICOLON: endEntry(); break;
       default: break;

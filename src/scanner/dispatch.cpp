@@ -1,5 +1,5 @@
-// The formatting pass. It keeps no grammar beyond the indent stack and a few flags: of the tokens
-// that no handler has consumed, those that open a construct are dispatched to their handler.
+// The formatting pass. It has no grammar beyond the indent stack and a few flags: of the tokens not
+// consumed by a handler, those that open a construct are dispatched to theirs.
 
 #include "base/columns.h"
 #include "scanner/vhdlscanner.h"
@@ -175,7 +175,7 @@ int VhdlScanner::determineContext() {
 int VhdlScanner::findContext() const {
   const VhdlToken* token = anchorToken();
   while (token != nullptr && (token = token->getPrev()) != nullptr) {
-    if (token == contextMark) return contextTyp;  // nothing before it changes
+    if (token == contextMark) return contextTyp;  // the tokens before it don't change
     switch (token->getTyp()) {
       case T_COLON: return T_COLON;
       case T_ALIAS:

@@ -1,5 +1,5 @@
-// The indent in force and the stack of those to return to. An indent is counted in columns; what it
-// does to a line is decided when the line is finished, by the stamp on the line's first token.
+// The current indent and the stack of those to return to. An indent is in columns; its effect on a
+// line is decided when the line is finished, by the stamp on the line's first token.
 #include "base/columns.h"
 #include "scanner/vhdlscanner.h"
 

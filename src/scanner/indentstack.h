@@ -1,8 +1,8 @@
-// What is open at a place in the source, innermost last: the indent to return to behind each level,
-// and what the level is, so that a closing word need not guess what it closes.
+// What is open at a position in the source, innermost last: the indent to return to after each
+// level, and what the level is, so that a closing word need not guess what it closes.
 //
-// A place can be held and gone back to, whatever was opened and closed since. Therefore a level
-// knows the one below it, and while a place is held no level that it may need goes.
+// A place can be held and returned to, whatever was opened and closed since. Therefore a level
+// knows the one below it, and while a place is held no level that it may need is freed.
 #ifndef QORN_SCANNER_INDENTSTACK_H
 #define QORN_SCANNER_INDENTSTACK_H
 
@@ -31,8 +31,8 @@ class IndentStack {
     levels[used++] = {indent, kind, top};
     top = used;
   }
-  /** The indent below the innermost level, which goes; 0 from an empty stack, which is how surplus
-      closing words in a source come out at the left margin. */
+  /** Removes the innermost level and returns its indent; 0 from an empty stack, which is why
+      surplus closing words in a source end up at the left margin. */
   int pop() {
     if (top == 0) return 0;
     const Level gone = levels[top - 1];
@@ -40,15 +40,15 @@ class IndentStack {
     if (held == 0) used = top;
     return gone.indent;
   }
-  /** The kind of the innermost level; LEVEL_STATEMENT of an empty stack. */
+  /** The kind of the innermost level; LEVEL_STATEMENT for an empty stack. */
   [[nodiscard]] IndentKind kind() const {
     return top == 0 ? LEVEL_STATEMENT : levels[top - 1].kind;
   }
-  /** Says what the innermost level holds from here on; says nothing to an empty stack. */
+  /** Sets what the innermost level holds from here on; no effect on an empty stack. */
   void setKind(IndentKind kind) {
     if (top > 0) push(pop(), kind);
   }
-  /** Keeps the place until as many calls of `release`. */
+  /** Holds the place until a matching number of calls of `release`. */
   [[nodiscard]] Place hold() {
     ++held;
     return top;
@@ -76,7 +76,7 @@ class IndentStack {
   };
   std::vector<Level> levels;
   std::size_t used = 0;  // entries
-  Place top = 0;         // of an empty stack 0, else the number of the innermost level, from 1 on
+  Place top = 0;         // 0 if empty, else the number of the innermost level, from 1 on
   int held = 0;
 };
 

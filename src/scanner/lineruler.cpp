@@ -1,4 +1,4 @@
-// The measuring walk, and the plain walk that a debug build holds against it.
+// The measuring walk, and the plain walk that a debug build checks it against.
 #include "scanner/lineruler.h"
 
 #include <algorithm>
@@ -6,13 +6,13 @@
 
 namespace {
 
-/** The first token at or behind a node that is no blank, or null. */
+/** The first token at or after a node that is no blank, or null. */
 VhdlToken* skipBlanks(VhdlToken* node) {
   while (node != nullptr && node->getTyp() == T_WHITESPACE) node = node->getNext();
   return node;
 }
 
-/** The reading without a memory. */
+/** What read() must return, by a plain walk. */
 [[maybe_unused]] LineRuler::Reading readPlainly(VhdlToken* place, int tabWidth) {
   int column = 0;
   VhdlToken* start = place;
@@ -24,7 +24,7 @@ VhdlToken* skipBlanks(VhdlToken* node) {
   return {skipBlanks(start), column};
 }
 
-/** What a token adds to the length of a target. */
+/** The columns that a token adds to the length of a target. */
 int widthInTarget(const VhdlToken& token) {
   const int typ = token.getTyp();
   if (isSpacing(typ) || isClassWord(typ)) return 0;
@@ -58,8 +58,8 @@ VhdlToken* LineRuler::findFirst(VhdlToken* place) const {
 LineRuler::Reading LineRuler::read(VhdlToken* place, int tabWidth) {
   long long column = 0;
   long long behindMark = 0;      // columns between the new mark and the place
-  VhdlToken* newMark = nullptr;  // the nearest token before the place that can be one
-  VhdlToken* earliest = place;   // the token furthest back that is no blank
+  VhdlToken* newMark = nullptr;  // the nearest token before the place that can be a mark
+  VhdlToken* earliest = place;   // the earliest token that is no blank
   VhdlToken* node = place->getPrev();
   for (; node != nullptr && node != mark; node = node->getPrev()) {
     const VhdlToken& token = *node;

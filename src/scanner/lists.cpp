@@ -1,9 +1,9 @@
 // Interface and association lists: generic and port clauses, parameters, record elements, maps. A
 // list is measured ahead of the cursor first, then read entry by entry and put into columns.
 //
-// The levels that the loops compare differ on purpose: the measures and AssociationList go by the
-// level of the opening parenthesis, InterfaceList ends at the level of the first token that it
-// reads and splits at every comma and semicolon, however deep.
+// The levels that the loops compare differ on purpose: the measuring functions and AssociationList
+// use the level of the opening parenthesis, InterfaceList ends at the level of the first token that
+// it reads and splits at every comma and semicolon, however deep.
 #include <algorithm>
 #include <cassert>
 
@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr int interfaceExtra = 9;  // an interface name may be that much longer than other names
+constexpr int interfaceExtra = 9;  // an interface name may be longer than other names by this much
 
 }  // namespace
 
@@ -192,7 +192,7 @@ int VhdlScanner::setIndexedWordColumn(int level, WordKind kind) {
 }
 
 void VhdlScanner::AssociationList(int level) {
-  // -1: no arrow anywhere in the list; 0: the entry in hand has shown none yet; 1: it has.
+  // -1: no arrow anywhere in the list; 0: none yet in the current entry; 1: the entry has one.
   int arrows = -1;
   const int width = LongestAssociationIdentifier(arrows);
   if (width == T_EOF) return;
@@ -202,7 +202,7 @@ void VhdlScanner::AssociationList(int level) {
     switch (token->getTyp()) {
       case T_RPAREN:
         if (depth != level) break;
-        if (arrows == 0) IndentLine(addColumns(width, 2));  // under the actuals of the others
+        if (arrows == 0) IndentLine(addColumns(width, 2));  // below the actuals of the others
         return;
       case T_COMMA:
       case T_SEMICOLON:
@@ -250,7 +250,7 @@ int VhdlScanner::LongestAssociationIdentifier(int& hasArrow) {
 
 int VhdlScanner::CountListEntries(int level, int separator, int stop) {
   if (stopIndex.isBuilt()) {
-    assert(separator == T_COMMA);  // the only one that is indexed
+    assert(separator == T_COMMA);  // the only separator that is indexed
     return stopIndex.countEntries(level, stop);
   }
   const VhdlToken* cursor = anchorToken();

@@ -1,5 +1,5 @@
-// Look-around: what stands beside the anchor. Each walk stops at the first token that decides. They
-// go from token to token, which saves moving the anchor and bringing it back.
+// Look-around: what is beside the anchor. Each walk stops at the first token that decides. They
+// step from token to token, which saves moving the anchor and restoring it.
 #include "scanner/vhdlscanner.h"
 
 int VhdlScanner::getParenLevel() const {

@@ -1,10 +1,11 @@
-// Reading ahead with the cursor and going back: what remembers a place is told of both.
+// Reads ahead with getNextToken and returns. LineRuler and StopIndex remember the cursor's
+// position, so both are reset.
 #ifndef QORN_SCANNER_PEEK_H
 #define QORN_SCANNER_PEEK_H
 
 #include "scanner/vhdlscanner.h"
 
-/** Takes the anchor back where it stood when its life ends. */
+/** Restores the anchor when its lifetime ends. */
 class VhdlScanner::Peek {
  public:
   explicit Peek(VhdlScanner& reader)

@@ -1,4 +1,4 @@
-// The road of one input: opening it, the passes in their order, and making ready for the next one.
+// The pipeline for one input: opening it, the passes in order, and the reset for the next one.
 #include <cerrno>
 #include <cstdlib>
 #include <cstring>
@@ -29,10 +29,10 @@ int VhdlScanner::setInputFile(const char* path) {
 }
 
 const char* VhdlScanner::openInputFile(const char* path) {
-  if (isSpecialFile(path)) return "Not a regular file";  // and a pipe would keep the run waiting
+  if (isSpecialFile(path)) return "Not a regular file";  // and a pipe would block the run
   inFile = std::fopen(path, "r");
   if (inFile == nullptr) return std::strerror(errno);
-  inputState = stateOf(inFile);  // a change from here on will show
+  inputState = stateOf(inFile);  // a change from here on will be detected
   return nullptr;
 }
 

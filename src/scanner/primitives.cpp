@@ -81,7 +81,7 @@ void VhdlScanner::setPrevNewline() {
   } else {
     tokenList.addItemAnchor(T_NEWLINE, level)->setFormatText("\n");
   }
-  IndentLine(0);  // of the line that now ends here
+  IndentLine(0);  // indents the line that now ends here
 }
 
 void VhdlScanner::deleteNewline() {

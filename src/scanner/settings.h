@@ -1,4 +1,4 @@
-// What configuration and options choose. An object of its own, so that one process can format under
+// What configuration and options choose. A separate object, so that one process can format under
 // several.
 #ifndef QORN_SCANNER_SETTINGS_H
 #define QORN_SCANNER_SETTINGS_H
@@ -7,9 +7,9 @@
 #include "tokens/casestyles.h"
 #include "tokens/tokencodes.h"
 
-/** Starts with the defaults. No value is tested against a range. */
+/** Starts with the defaults. No value is range-checked. */
 struct Settings {
-  static constexpr int minimumFieldWidth = 15;  // columns; the least room of a trailing comment
+  static constexpr int minimumFieldWidth = 15;  // columns; the minimum width of a trailing comment
 
   CaseStyles caseStyles;
   int oldTabsize = 4;                       // columns; tab distance of the input

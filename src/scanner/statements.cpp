@@ -1,12 +1,12 @@
 // Control statements. Each handler reads the head of its statement, up to `then`, `is`, `loop` and
-// the like, and gives back control at the first token of the body. From the head on, one entry on
-// the indent stack holds the level of the statement, pushed by its label or by the handler.
+// the like, and returns at the first token of the body. From the head on, one entry on the indent
+// stack holds the level of the statement, pushed by its label or by the handler.
 #include "base/columns.h"
 #include "scanner/vhdlscanner.h"
 
 namespace {
 
-constexpr int elsifContinuation = 7;  // a wrapped condition, whatever the indentation
+constexpr int elsifContinuation = 7;  // of a wrapped condition, whatever the indentation
 
 }  // namespace
 
@@ -156,7 +156,7 @@ void VhdlScanner::openBinding() {
   setPrevNewline();
   if (inConfiguration == 1) {
     setIndent(settings.indentation, /*relative*/ 1);
-  } else {  // it stands by itself: no `end` closes it
+  } else {  // on its own: no `end` closes it
     popIndent();
     setIndent(timesColumns(2, settings.indentation), /*relative*/ 1);
   }

@@ -9,7 +9,7 @@
 namespace {
 
 constexpr int longWalk = 512;     // tokens
-constexpr int longWalksMax = 16;  // that many over one stretch are cheaper than the index
+constexpr int longWalksMax = 16;  // up to this many over one stretch are cheaper than the index
 
 constexpr auto wordWidths = [] {
   TokenTable<std::array<std::int16_t, 2>> widths({0, 0});
@@ -44,8 +44,8 @@ constexpr auto nameRoles = [] {
 
 bool endsName(int typ) { return nameRole(typ) == NAME_END || nameRole(typ) == NAME_DROPPED; }
 
-/** The tokens that look-aheads end at or collect, and those that lists begin with, so that between
-    two of these look-aheads a stop is passed. */
+/** The tokens at which look-aheads end or which they collect, and those that begin lists, so that a
+    stop is passed between any two of these look-aheads. */
 bool isStop(int typ) {
   return endsName(typ) || typ == T_END || typ == T_RPAREN || typ == T_LPAREN || typ == T_RECORD ||
          wordWidths[typ][MODE_WORD] > 0 || wordWidths[typ][CLASS_WORD] > 0;
@@ -169,7 +169,7 @@ int StopIndex::nameLength(long long columns, const Stop& from, const Stop& to,
   return length <= longestCounted ? length : 0;
 }
 
-// --- The way of the cursor ---
+// --- Following the cursor ---
 
 void StopIndex::goOn() {
   if (isBuilt()) ++next;
@@ -241,7 +241,7 @@ int StopIndex::searchLongestName(const VhdlToken* cursor, int level, int classCo
   }
   const bool counts = nameRole(typAt(stops[first].node)) == NAME_END;
   const int firstName = counts ? nameLength(columns, stops[next], stops[first], classColumn) : 0;
-  const auto width = std::ranges::find(classColumns, classColumn);  // without class words, any
+  const auto width = std::ranges::find(classColumns, classColumn);  // any without class words
   const auto kind = static_cast<std::size_t>(width - classColumns.begin()) % classColumns.size();
   return std::max(firstName, summaries.collect(first + 1, end).longest[kind]);
 }

@@ -1,11 +1,12 @@
-// What the look-aheads of odd sources find.
+// Index of the tokens at which look-aheads stop, built only for sources that would make them
+// quadratic.
 //
-// A look-ahead for the end of a list or of a statement stops before long in any sound source, and
-// its stretch is then read. In a source that leaves ten thousand lists open it would run to the end
-// of the file ten thousand times, and where ten thousand lists are nested in a way that ends their
-// reading early, nearly as far. So the first look-ahead that finds no stop, or several long ones
-// over the same stretch, build this index of all stops ahead of the cursor, and from then on a
-// look-ahead is a search in it.
+// In a well-formed source a look-ahead for the end of a list or statement soon stops, and its
+// stretch is then read. In a source that leaves ten thousand lists open it would run to the end of
+// the file ten thousand times, and nearly as far where ten thousand lists are nested in a way that
+// ends their reading early. So the first look-ahead that finds no stop, or several long ones over
+// the same stretch, build this index of all stops ahead of the cursor; from then on a look-ahead is
+// a search in it.
 //
 // Invariant, once built: `next` is the first stop ahead of the cursor, which reports every token
 // that it passes. Only blanks and line ends ahead of the cursor ever change, and they are no stops.
@@ -21,23 +22,23 @@
 #include "base/blocktree.h"
 #include "tokens/vhdltoken.h"
 
-constexpr int severalEntries = 2;  // more are never counted
+constexpr int severalEntries = 2;  // no more are counted
 
-/** The words of an interface list that claim columns, which all its entries then keep free. */
+/** The words of an interface list that claim columns, which all its entries then reserve. */
 enum WordKind : unsigned { MODE_WORD, CLASS_WORD };
 
-/** What a token is to the names of an interface list. */
+/** The role of a token in the names of an interface list. */
 enum NameRole : std::uint8_t {
-  NAME_PART,     // it counts
-  NAME_CLASS,    // a class word, which counts as the column of class words
-  NAME_NONE,     // what it stands in is no name, and counts as too long for one
-  NAME_END,      // the name in front is complete
-  NAME_DROPPED,  // what stands in front was none
-  NAME_NOTHING,  // it does not count
+  NAME_PART,     // counts
+  NAME_CLASS,    // a class word, which counts as wide as the column of class words
+  NAME_NONE,     // not part of a name; what contains it counts as too long for one
+  NAME_END,      // the preceding name is complete
+  NAME_DROPPED,  // what precedes was no name
+  NAME_NOTHING,  // does not count
 };
 [[nodiscard]] NameRole nameRole(int typ);
 
-/** Does a list end with this token, where a look-ahead for its end began at `level`? */
+/** Does a list end at this token, if a look-ahead for its end began at `level`? */
 [[nodiscard]] inline bool endsList(const VhdlToken& token, int level) {
   const int typ = token.getTyp();
   return typ == T_END || (typ == T_RPAREN && token.getParenLevel() <= level);
@@ -45,12 +46,12 @@ enum NameRole : std::uint8_t {
 
 /** What a walk over the names of an interface list finds. */
 struct NameWalk {
-  int longest = 0;                 // columns; wider names than the limit count as none
-  int steps = 0;                   // tokens that were passed
+  int longest = 0;                 // columns; names wider than the limit don't count
+  int steps = 0;                   // tokens passed
   const VhdlToken* end = nullptr;  // the token that ends the list; null if none does
 };
 
-/** Walks over the list that stands behind a node, where each class word counts as `classColumn`. */
+/** Walks over the list after a node; each class word counts as `classColumn`. */
 [[nodiscard]] NameWalk walkOverInterfaceNames(const VhdlToken* cursor, int level, int classColumn,
                                               int limit);
 
@@ -59,21 +60,21 @@ struct NameWalk {
 
 class StopIndex {
  public:
-  /** Clears the index. Names up to that length will count in longestName. */
+  /** Clears the index. Only names up to that length will count in longestName. */
   void reset(int longestName);
   bool isBuilt() const { return !stops.empty(); }
   /** Is it built, and with names up to that length? */
   bool knowsNames(int longestName) const { return isBuilt() && longestName == longestCounted; }
-  /** Indexes all that stands behind the node that the cursor is on. */
+  /** Indexes everything after the node that the cursor is on. */
   void build(const VhdlToken* cursor);
-  /** Takes note of a look-ahead over that many tokens, which stopped at `end`; several long ones
-      over one stretch build the index. */
+  /** Records a look-ahead over that many tokens that stopped at `end`; several long ones over one
+      stretch build the index. */
   void countSteps(const VhdlToken* cursor, const VhdlToken* end, int steps);
   /** To be called with every token that the cursor passes, blanks, line ends and comments aside. */
   void pass(const VhdlToken* node) {
     if (node == awaited) goOn();
   }
-  /** A place to come back to, where the cursor is only sent ahead. */
+  /** Saves the position before a Peek. */
   [[nodiscard]] std::size_t getPlace() const { return next; }
   void goBackTo(std::size_t place);
 
@@ -82,22 +83,23 @@ class StopIndex {
   /** The next semicolon ahead, or null. */
   [[nodiscard]] VhdlToken* nextSemicolon() const;
   /** The entries up to the next `stop`, a semicolon or a closing parenthesis, each on at most that
-      level and parted by commas; no more than severalEntries are counted. 0 if it never comes. */
+      level and separated by commas; no more than severalEntries are counted. 0 if it never
+      comes. */
   [[nodiscard]] int countEntries(int level, int stop) const;
 
-  // The list ahead ends at `end` or at a closing parenthesis of at most that level, else with the
-  // index.
+  // The list ahead ends at `end` or at a closing parenthesis of at most that level; if left open,
+  // at the end of the index.
 
   [[nodiscard]] bool hasListEnd(int level) const { return listEnd(level) < stops.size() - 1; }
   /** The widest word of a kind in the list ahead, 0 without one. */
   [[nodiscard]] int widestWord(int level, WordKind kind) const;
-  /** The words of a kind in the list ahead, whose blanks the caller is to set for the widest of
-      them; none if they have been set so by an earlier call. */
+  /** The words of a kind in the list ahead, whose blanks the caller must set for the widest of
+      them; none if an earlier call has already had them set that way. */
   [[nodiscard]] std::vector<VhdlToken*> wordsToSet(int level, WordKind kind);
-  /** The longest name of the list ahead, each class word counted as `classColumn`; as
-      walkOverInterfaceNames finds it, which a debug build holds against it. Requires: the list has
-     an end, the cursor is on that node, and `classColumn` is the width of the widest class word in
-     the list. */
+  /** The longest name of the list ahead, each class word counted as `classColumn`; the same as
+      walkOverInterfaceNames finds, which a debug build checks. Requires: the list has an end, the
+      cursor is on that node, and `classColumn` is the width of the widest class word in the
+      list. */
   [[nodiscard]] int longestName(const VhdlToken* cursor, int level, int classColumn) const;
 
  private:
@@ -105,18 +107,19 @@ class StopIndex {
 
   struct Stop {
     VhdlToken* node;
-    // Of the names and parts of names before it: columns but for class words, number of these.
+    // Running totals of the names and parts of names before it: columns without class words, number
+    // of class words.
     long long columns;
     int classWords;
   };
-  /** What stands in a stretch. */
+  /** What a stretch contains. */
   struct Summary {
     int lowestSemicolon = INT_MAX;  // level
     int lowestComma = INT_MAX;      // level
     int lowestClose = INT_MAX;      // level
     bool hasEnd = false;
     bool hasNameEnd = false;
-    std::array<std::int16_t, 2> widest{};            // word, by its kind
+    std::array<std::int16_t, 2> widest{};            // word, by kind
     std::array<int, classColumns.size()> longest{};  // name, by the columns of class words
     void include(const Summary& other);
   };
@@ -132,13 +135,13 @@ class StopIndex {
   std::size_t listEnd(int level) const;
   int searchLongestName(const VhdlToken* cursor, int level, int classColumn) const;
 
-  std::vector<Stop> stops;       // in the order of the list, closed by an entry without a node
-  BlockTree<Summary> summaries;  // of the stops, but for the last entry
+  std::vector<Stop> stops;       // in the order of the list, ending with an entry without a node
+  BlockTree<Summary> summaries;  // of the stops except the last entry
   std::size_t next = 0;
   const VhdlToken* awaited = nullptr;  // the next stop, or the end of a long look-ahead
-  int overlaps = 0;                    // long look-aheads since then
-  int longestCounted = 0;              // names that are longer count as none
-  std::array<std::vector<SetStretch>, 2> setStretches;  // by kind, each in the one before
+  int overlaps = 0;                    // long look-aheads since `awaited` was set
+  int longestCounted = 0;              // longer names don't count
+  std::array<std::vector<SetStretch>, 2> setStretches;  // by kind, each inside the one before
 };
 
 #endif

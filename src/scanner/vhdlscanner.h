@@ -1,5 +1,5 @@
-// The formatter. Every formatting operation is a member of the one class; its rooms stand below as
-// banners, each with the contract that the members of the room share.
+// The formatter. Every formatting operation is a member of the one class; the banners below divide
+// it into sections, each with the contract that its members share.
 #ifndef QORN_SCANNER_VHDLSCANNER_H
 #define QORN_SCANNER_VHDLSCANNER_H
 
@@ -45,15 +45,15 @@ class VhdlScanner {
   virtual ~VhdlScanner();
 
   void setIncludeOption() { includeOption = 1; }
-  /** Opens the file, or the file with the extension of VHDLEXT behind its name; null stands for the
-      standard input. 0, or -1 if neither opens, which has then been told. */
+  /** Opens the file, or the file with the extension of VHDLEXT after its name; null means standard
+      input. 0, or -1 if neither opens, which has then been reported. */
   [[nodiscard]] int setInputFile(const char* path);
   /** Reads the input to its end, closes it and lays the list out. 0, or -1. */
   [[nodiscard]] int format();
   /** Lays out a text in memory. 0, or -1. */
   [[nodiscard]] int format(std::string_view text);
-  /** Writes the list: to the standard output if stream is not null, else over the input file, whose
-      old text stays under the backup name. Failures are told. */
+  /** Writes the list: to standard output if stream is not null, else over the input file, whose old
+      text is kept under the backup name. Failures are reported. */
   void Print(FILE* stream);
   void Print(TextSink& sink);
   /** Makes the object ready for the next file. */
@@ -66,14 +66,14 @@ class VhdlScanner {
 
   /** Reads the input into `sourceText` and closes it. */
   void readInput();
-  /** Null, or why the file can't be opened. */
+  /** Null, or the reason why the file can't be opened. */
   [[nodiscard]] const char* openInputFile(const char* path);
   void closeInputFile();
   void startLex();
   int formatSource();
   int IncludeHeaders();
-  /** The sentinel: a printed line end at the head of the list, so that every walk backward meets
-     one. It is neither measured nor written. */
+  /** The sentinel: a printed line end at the head of the list, so that every backward walk finds
+      one. It is neither measured nor written. */
   void addSentinel();
 
   // --- Output (layout/output.cpp) ---
@@ -92,23 +92,23 @@ class VhdlScanner {
   VhdlToken* stepBack() { return tokenList.getPrev(); }
   int getParenLevel() const;
   bool isModern() const { return settings.vhdl >= firstModernEdition; }
-  /** Code of the next token, blanks passed over; -1 at the end of the list. */
+  /** Code of the next token, skipping blanks; -1 at the end of the list. */
   int typBehindBlanks() const;
-  /** Code of the previous token, blanks passed over; -1 at the head of the list. */
+  /** Code of the previous token, skipping blanks; -1 at the head of the list. */
   int typBeforeBlanks() const;
   int nextIs(int typ) const { return typBehindBlanks() == typ ? 1 : 0; }
   int prevIs(int typ) const { return typBeforeBlanks() == typ ? 1 : 0; }
   /** Is the next token that is neither blank nor line end an ordinary comment? */
   int nextIsComment() const;
-  /** Does the anchor stand first on its line? With mode 1 emptied line ends don't count as such. */
+  /** Is the anchor first on its line? With mode 1 emptied line ends don't count. */
   int prevIsNewline(int mode) const;
-  /** Do an identifier and a colon, and perhaps the word postponed, stand before the anchor? */
+  /** Is the anchor preceded by an identifier and a colon, and perhaps the word postponed? */
   int prevIsLabel() const;
   /** Code of the count-th token ahead that is no blank, line end or comment; T_EOF at the end. */
   int LookForward(int count) const;
   /** Columns before the anchor on its line: of the output as far as it is laid out with mode 1, of
-      the source with mode 0. Right only where no earlier call was asked of a place further on whose
-      line has been laid out anew since. */
+      the source with mode 0. Right only if no earlier call was for a later position whose line has
+      been laid out again since. */
   int getColumn(int mode);
 
   // --- Indentation (indentation.cpp) ---
@@ -116,7 +116,7 @@ class VhdlScanner {
   /** Opens a level: saves the indent, then adds the amount to it (relative 1) or sets it to the
       amount, and opens the statement. Undone by one popIndent. */
   void setIndent(int amount, int relative, IndentKind kind = LEVEL_STATEMENT);
-  /** Back to the indent saved last, 0 if there is none. */
+  /** Restores the indent saved last, 0 if there is none. */
   void popIndent();
   void StatementClosed() { statementClosed = 1; }
   void StatementOpen() { statementClosed = 0; }
@@ -130,50 +130,50 @@ class VhdlScanner {
   void indentUnlessLabelled();
 
   // --- Spacing and line primitives (primitives.cpp): the only tools for blanks and line ends. They
-  // --- write format texts alone. The anchor stays, but for setNextNewline and endLine.
+  // --- write format texts alone. The anchor stays, except for setNextNewline and endLine.
 
   void setNextSpaces(int count);
   void setPrevSpaces(int count);
-  /** Ends the line behind the anchor and moves the anchor onto the line end; does nothing where a
+  /** Ends the line after the anchor and moves the anchor onto the line end; does nothing if a
       comment follows on the line. */
   void setNextNewline();
-  /** setNextNewline behind a head or a whole statement: the next token starts a statement. */
+  /** setNextNewline after a head or a whole statement: the next token starts a statement. */
   void endLine();
-  /** endLine behind a head, for which a level is open: it holds a body from here on. */
+  /** endLine after a head, for which a level is open: it holds a body from here on. */
   void endHead(IndentKind kind = LEVEL_BODY);
   /** Starts a line with the anchor token. */
   void setPrevNewline();
   void deleteNewline();
   void singleSpace();
-  /** Gives the anchor's line its blanks, after adding delta to its first token's indent for good.
-     On a line end, the line meant is the one that ends there. */
+  /** Gives the anchor's line its blanks, after permanently adding delta to its first token's
+      indent. On a line end, the line meant is the one that ends there. */
   void IndentLine(int delta);
 
   // --- Comments (comments.cpp) ---
 
-  /** Places the comment under the anchor and ends its line. Moves the anchor to the token behind
-     the comment, normally its line end. */
+  /** Places the comment under the anchor and ends its line. Moves the anchor to the token after the
+      comment, normally its line end. */
   void handleComment();
   void placeOwnLineComment(VhdlToken& comment, bool fresh);
   void placeTrailingComment(VhdlToken& comment);
-  /** Places a line of a comment between delimiters, which moves with the comment's first line, or
-      one for a tool, and ends it. Moves the anchor as handleComment does. */
-  [[gnu::noinline]] void placeWholeLine(VhdlToken& line);  // rare, and not to slow the cursor down
+  /** Places a line of a delimited comment, which moves with the comment's first line, or a line for
+      a tool, and ends it. Moves the anchor as handleComment does. */
+  [[gnu::noinline]] void placeWholeLine(VhdlToken& line);  // rare; must not slow the cursor
   void endCommentLine();
   /** Each branch of a conditional directive starts from the state before the first. */
   void obeyDirective(VhdlToken& directive);
 
   // --- Cursor (cursor.cpp): how every handler reads. The anchor is left on the token returned ---
 
-  /** Goes on to the next token that a handler has to see, lays out blanks, line ends and comments
-     on the way, and gives the token its indent, its spacing and its gravity. Null at the end. */
+  /** Advances to the next token that a handler has to see, lays out blanks, line ends and comments
+      on the way, and gives the token its indent, its spacing and its gravity. Null at the end. */
   VhdlToken* getNextToken();
   /** The code of getNextToken; T_EOF at the end. */
   int getNextTokenTyp();
   void passNewline();
   void passComment(VhdlToken& comment);
 
-  // --- Dispatch (dispatch.cpp): the pass, and what a handler reads by. Handlers take the anchor on
+  // --- Dispatch (dispatch.cpp): the pass, and what handlers read with. Handlers get the anchor on
   // --- their token and leave it on the last token that they consumed.
 
   struct Dispatch;
@@ -181,7 +181,7 @@ class VhdlScanner {
   void Default();
   void Identifier();
   void ParameterList();
-  /** Does a statement begin with the anchor, in which it can be no name? */
+  /** Does the anchor begin a statement, so that it can't be a name? */
   bool opensStatement();
   void SemiColon();
   void Bracket();
@@ -192,15 +192,15 @@ class VhdlScanner {
   void waitForParenClose(int level);
   /** Reads on to one of the two codes. False if the input ended first. */
   bool waitFor(int typ, int orTyp);
-  /** T_COLON if the anchor belongs to a declaration or stands behind a label, else -1. */
+  /** T_COLON if the anchor belongs to a declaration or follows a label, else -1. */
   int determineContext();
   int findContext() const;
 
   // --- Design units and structures (units.cpp) ---
 
-  /** Reads one token for each code, up to the first that has another. True if all matched. */
+  /** Reads one token for each code, up to the first with a different one. True if all matched. */
   bool readHead(std::initializer_list<int> head);
-  /** While it lives, tokens are read and laid out but not consumed. */
+  /** During its lifetime, tokens are read and laid out but not consumed. */
   class Peek;
   int peekTokenTyp();
   bool isInstantiated();
@@ -218,11 +218,11 @@ class VhdlScanner {
   void endProcessHead();
   void Begin();
   void End();
-  /** `end;` or `end LABEL;` of an alternative of a generate statement, which goes on. */
+  /** `end;` or `end LABEL;` of an alternative of a generate statement, which continues. */
   bool endsAlternative() const;
   /** `end for;` of a binding in a declarative part, whose semicolon has closed its level. */
   bool endsBindingFor() const;
-  /** The anchor goes out to the level of the head of its structure, whose next part stands behind;
+  /** Moves the anchor token out to the level of the head of its structure, whose next part follows;
       in a case generate statement to that of the choice. */
   void stepOut();
   void OpenUnit() { endHead(); }
@@ -250,8 +250,8 @@ class VhdlScanner {
   void Procedure() { Function(); }
   void Pure();
   void Impure() { Pure(); }
-  /** The list behind the anchor's parenthesis, one entry a line, in a block at the level of the
-     head; the parenthesis alone on its line. One indent stays for the semicolon. */
+  /** The list after the anchor's parenthesis, one entry per line, in a block at the level of the
+      head; the parenthesis alone on its line. One indent remains for the semicolon. */
   void entriesInBlock();
   void entryBlock();
   /** With that many blanks before the parenthesis. */
@@ -260,7 +260,8 @@ class VhdlScanner {
   bool hasSeveralIndexRanges();
   void openElements();
   void closeElements();
-  /** Reads a class and perhaps a box; the code of the token behind, which is consumed too. */
+  /** Reads a class and an optional box; returns the code of the token after them, which is consumed
+      too. */
   int readEntityClass();
   void alignConstantSignalFile();
 
@@ -270,8 +271,8 @@ class VhdlScanner {
   void PortMap();
   /** The list of a clause in a block one step in; the parenthesis at the end of its line. */
   void interfaceBlock(const VhdlToken& paren);
-  /** The anchor on or just behind the opening token; left on the closing one. Only a list that is
-      none of parameters can hold subprograms, with parameters of their own. */
+  /** Requires the anchor on or just after the opening token; leaves it on the closing one. Only a
+      list that is not of parameters can hold subprograms, with parameters of their own. */
   void InterfaceList(bool isOfParameters = false);
   // Entries of a list of generics: from the anchor's word to the end of its own list, if it has
   // one.
@@ -279,24 +280,24 @@ class VhdlScanner {
   void interfacePackage();
   void AssociationList(int level);
   void WrappedList(int level, int separator, int stop);
-  /** Blanks before the anchor that bring it to the width behind the indent; at least 1. */
+  /** Sets the blanks before the anchor that bring it to that width after the indent; at least 1. */
   void alignAt(int width);
-  /** No blank before the anchor's separator, a line end behind it. */
+  /** No blank before the anchor's separator, a line end after it. */
   void endEntry();
-  /** The number of entries up to the stop on that level, where two stand for any more; 0 if it
-      never comes. The anchor stays. */
+  /** The number of entries up to the stop on that level; 2 means two or more, 0 that it never
+      comes. The anchor stays. */
   int CountListEntries(int level, int separator, int stop);
-  /** Is it known that no `end` and no closing parenthesis of that level stand ahead? */
+  /** Is it known that there is no `end` and no closing parenthesis of that level ahead? */
   bool isLeftOpen(int level) const;
-  /** Longer names of an InterfaceList keep no column free. */
+  /** Longer names of an InterfaceList do not widen the colon column. */
   int longestInterfaceName() const;
-  /** The measures look ahead from the anchor, which stays; T_EOF if the list never ends. Names
-     longer than the limit count as none. */
+  /** The measuring functions look ahead from the anchor, which stays; T_EOF if the list never ends.
+      Names longer than the limit don't count. */
   int LongestInterfaceIdentifier(int limit);
   int walkOverNames(int level, int classColumn, int limit);
   int LongestAssociationIdentifier(int& hasArrow);
-  /** Set the blanks behind the mode or class words of the list ahead; the latter returns the width
-     of the class column, 0 without class words. */
+  /** Set the blanks after the mode or class words of the list ahead; the latter returns the width
+      of the class column, 0 without class words. */
   void lookForInOutLinkage();
   int lookForSignalConstantVariable();
   int setWordColumn(WordKind kind);
@@ -304,9 +305,9 @@ class VhdlScanner {
 
   // --- Control statements (statements.cpp) ---
 
-  /** Behind the last word of a head: the body stands one step in from the head. */
+  /** After the last word of a head: the body stands one step in from the head. */
   void openBody();
-  /** Behind `is` or the arrow of a choice: the statements stand two steps in from `case`. */
+  /** After `is` or the arrow of a choice: the statements are two steps in from `case`. */
   void openAlternative(IndentKind kind);
   void openBinding();
   /** At the maps of a binding without an entity. */
@@ -318,7 +319,7 @@ class VhdlScanner {
   bool isElseGenerate() const;
   void Case();
   void When();
-  /** Behind a statement's first word: a condition, up to the semicolon or, of a value, `else`. */
+  /** After a statement's first word: a condition, up to the semicolon or, in a value, `else`. */
   void whenAmidStatement();
   /** Reads on to the arrow of the choice, or to a semicolon. False if the input ended first. */
   bool readChoice();
@@ -338,15 +339,15 @@ class VhdlScanner {
   void SelectedSignalAssignment();
   void readWaveform(int level);
   void startElement(int level);
-  /** Width of what stands before the anchor in its statement or line; 0 from identLength on. */
+  /** Width of what precedes the anchor in its statement or line; 0 from identLength on. */
   int prevTargetLength();
-  /** The same of a token ahead. */
+  /** The same for a token ahead. */
   int targetLengthAhead(const VhdlToken& token) const;
   /** The longest target of the run of statements that starts with the anchor's. */
   int determineTargetLength(int typ, int orTyp);
   /** The next semicolon ahead, or null. */
   const VhdlToken* nextSemicolon();
-  /** Blanks before the anchor that bring it to the column of the run. */
+  /** The blanks before the anchor that bring it to the column of the run. */
   int blanksBeforeAssignment(int typ, int orTyp);
 
   // --- Fragments (layout/keepindent.cpp) ---
@@ -358,19 +359,19 @@ class VhdlScanner {
   struct LineInHand;
   void LineBreak();
   void drawOutComment(VhdlToken& comment);
-  /** Mends the line that a token makes too long. Returns the token before the next one to visit if
+  /** Fixes the line that a token makes too long. Returns the token before the next one to visit if
       the line was broken or a comment was dealt with; null if there is no place to break. */
   VhdlToken* WrapLine(VhdlToken& overflow, LineInHand& line);
-  /** Ends the line behind a token. Returns the new line end. */
+  /** Ends the line after a token. Returns the new line end. */
   VhdlToken* breakBehind(VhdlToken& candidate, LineInHand& line);
-  /** Moves the indents of the line behind its first token along with that one. */
+  /** Shifts the indents of the line after its first token along with that token's. */
   void ReindentLine(const VhdlToken& first, LineInHand& line);
-  /** Brings columns and indents behind a token up to date, to the end of its line. */
+  /** Updates columns and indents after a token, to the end of its line. */
   void finishLine(const VhdlToken& overflow, LineInHand& line);
-  /** Mends the comments from a place on. Returns the token before the next one to visit. */
+  /** Fixes the comments from a place on. Returns the token before the next one to visit. */
   VhdlToken* breakComments(VhdlToken& place, LineInHand& line);
-  /** Shortens or splits the first comment at or behind the anchor, and all comments that follow
-     with nothing but blanks and line ends between. Moves the anchor behind the last of them. */
+  /** Shortens or splits the first comment at or after the anchor, and all comments that follow with
+      only blanks and line ends in between. Moves the anchor past the last of them. */
   void BreakComment();
   VhdlToken* findComment();
   void placeLongComment(VhdlToken& comment);
@@ -380,12 +381,12 @@ class VhdlScanner {
   Settings settings;
   int includeOption = 0;  // option; without effect
 
-  // The input in hand.
+  // The current input.
   SourceText sourceText;
   TokenList tokenList;  // owns all tokens, cleared by Reset
-  DynString fileName;   // the path that was really opened
+  DynString fileName;   // the path actually opened
   FILE* inFile = nullptr;
-  FileState inputState;  // of the file in hand when it was opened
+  FileState inputState;  // of the current file when it was opened
 
   // State of the pass, cleared by Reset.
   int indent = 0;  // columns
@@ -400,21 +401,21 @@ class VhdlScanner {
     int inBlockHeader;
     int inConfiguration;
   };
-  std::vector<Branching> branches;  // of the conditional directives that are open
-  int blockShift = 0;               // columns that the comment in hand has moved to the right
+  std::vector<Branching> branches;  // of the open conditional directives
+  int blockShift = 0;               // columns by which the current comment has moved to the right
 
-  // What survives Reset: line numbers run on from file to file.
+  // What survives Reset: line numbers continue from file to file.
   LexState lexState;
   int targetEndLine = 0;     // source line up to which targetLength holds
   int targetLength = 0;      // columns
   int lastCommentLine = -1;  // source line of the last comment
-  int commentColumn;         // column of the comments under way
+  int commentColumn;         // column of the current run of comments
 
-  LineRuler ruler;                         // the output line under way; forgotten by Reset
-  StopIndex stopIndex;                     // the stops ahead of the cursor; made anew by format
-  const VhdlToken* contextMark = nullptr;  // the last token that determineContext was asked of
+  LineRuler ruler;                         // the current output line; forgotten by Reset
+  StopIndex stopIndex;                     // the stops ahead of the cursor; rebuilt by format
+  const VhdlToken* contextMark = nullptr;  // the last token that determineContext was called for
   int contextTyp = -1;                     // and its answer
-  // By the code that is put in a column: the last statement's end that is known to end a run.
+  // By the code being aligned: the end of the last statement that is known to end a run.
   TokenTable<const VhdlToken*> runEnds{nullptr};
 };
 

@@ -1,5 +1,5 @@
-// Letter case. Lower and upper case go without a branch or a table, so that the compiler converts
-// many letters at once.
+// Letter case. Lower and upper case are converted without a branch or a table, so that the compiler
+// can vectorise them.
 #include "tokens/casestyles.h"
 
 void convertCase(char* target, std::string_view source, int style, char before) {

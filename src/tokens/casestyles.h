@@ -8,7 +8,7 @@
 
 #include "tokens/tokencodes.h"
 
-/** Styles are configuration codes; one that is no case style acts as C_ASIS. */
+/** Styles are configuration codes; any code that is not a case style acts as C_ASIS. */
 class CaseStyles {
  public:
   int ofGroup(int group) const { return styles[static_cast<std::size_t>(group)]; }
@@ -17,12 +17,12 @@ class CaseStyles {
   int of(int typ) const { return ofGroup(caseGroup(typ)); }
 
  private:
-  // By case group: as it is, keywords, identifiers, attributes, numbers.
+  // By case group: as is, keywords, identifiers, attributes, numbers.
   std::array<int, caseGroupCount> styles{C_ASIS, C_UPPERCASE, C_LOWERCASE, C_UPPERCASE,
                                          C_LOWERCASE};
 };
 
-// Without a branch or a table, so that the compiler converts many letters at once.
+// Without a branch or a table, so that the compiler can vectorise them.
 
 [[nodiscard]] constexpr char lowerCase(char letter) {
   const bool isUpper = static_cast<unsigned char>(letter - 'A') < 26U;
@@ -34,17 +34,17 @@ class CaseStyles {
   return static_cast<char>(letter - (isLower ? 'a' - 'A' : 0));
 }
 
-/** Copies a text in a case style; only the ASCII letters ever change. A long text may come in
-    pieces: `before` is then the character in front of the piece, 0 for the first one. The target
-    may be the source. */
+/** Copies a text in a case style; only the ASCII letters ever change. A long text may be passed in
+    pieces: `before` is then the character before the piece, 0 for the first one. The target may be
+    the source. */
 void convertCase(char* target, std::string_view source, int style, char before = '\0');
 
 constexpr std::size_t caseBlock = 16;  // bytes
 
-/** The same of a whole block of bytes, whatever the length of the text in it: saves a twelfth of
-   the instructions against a copy of each text by its length. */
+/** The same for a whole block of bytes, whatever the length of the text in it: a twelfth fewer
+    instructions than copying each text by its length. */
 inline void convertBlock(char* target, const char* source, int style) {
-  std::array<char, caseBlock> block;  // apart, so that the compiler sees that nothing overlaps
+  std::array<char, caseBlock> block;  // separate, so that the compiler sees that nothing overlaps
   std::memcpy(block.data(), source, caseBlock);
   if (style == C_LOWERCASE) {
     for (char& letter : block) letter = lowerCase(letter);

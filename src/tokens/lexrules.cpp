@@ -1,5 +1,5 @@
-// The rules. Each scans a stretch of text once; where a rule fails, what it scanned holds no second
-// start of the same rule that would fail again on the same stretch.
+// The rules. Each scans a stretch of text once. A rule that fails is never tried again on the same
+// stretch, so lexing is linear on any input.
 #include "tokens/lexrules.h"
 
 #include <algorithm>

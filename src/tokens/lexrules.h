@@ -1,9 +1,9 @@
-// The languages of literals, names and comments, one function for each class. A rule returns the
-// length of the longest text that it matches at `at`, 0 if there is none; one that begins to match
-// and fails falls back to what was complete on the way.
+// The lexical rules for literals, names and comments, one function for each class. A rule returns
+// the length of the longest text that it matches at `at`, 0 if there is none; one that begins to
+// match and then fails falls back to its longest complete match.
 //
-// The text is closed as SourceText closes it, so that a rule may look a few characters ahead
-// without asking for the end.
+// The text is terminated as SourceText does it, so that a rule may look a few characters ahead
+// without checking for the end.
 #ifndef QORN_TOKENS_LEXRULES_H
 #define QORN_TOKENS_LEXRULES_H
 
@@ -37,20 +37,20 @@ constexpr auto charClasses = [] {
   return (charClasses[static_cast<unsigned char>(character)] & classes) != 0;
 }
 
-/** `\`, anything but `\`, `\`: line feeds included. `end` is the end of the whole text. */
+/** `\`, anything but `\`, line feeds included, `\`. `end` is the end of the whole text. */
 [[nodiscard]] std::size_t matchExtendedIdentifier(const char* at, const char* end);
 /** A letter, then letters and digits, each with at most one `_` before it. */
 [[nodiscard]] std::size_t matchIdentifier(const char* at);
 [[nodiscard]] std::size_t matchBlanks(const char* at);
 /** Digits, each with at most one `_` before it. */
 [[nodiscard]] std::size_t matchInteger(const char* at);
-/** Blanks of the commonest kind alone. */
+/** Space characters only. */
 [[nodiscard]] std::size_t matchSpaces(const char* at);
 /** Decimal literal with fraction and exponent; a negative exponent needs the fraction. */
 [[nodiscard]] std::size_t matchDecimal(const char* at);
 /** Based literal, between `#` or between `:`. */
 [[nodiscard]] std::size_t matchBased(const char* at);
-/** A string between two of the character at `at`, which doubled stands for itself. */
+/** A string delimited by the character at `at`, which stands for itself when doubled. */
 [[nodiscard]] std::size_t matchString(const char* at);
 /** X, O or B and digits between two `"` or two `%`. */
 [[nodiscard]] std::size_t matchBitString(const char* at);

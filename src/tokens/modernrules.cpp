@@ -1,4 +1,4 @@
-// The rules. They look ahead over blanks and one word at most, but for the end of a comment.
+// The rules. They look ahead over blanks and one word at most, except for the end of a comment.
 #include "tokens/modernrules.h"
 
 #include <algorithm>
@@ -16,7 +16,7 @@ struct Operator {
 };
 
 // clang-format off
-constexpr Operator operators[] = {  // a longer one before its beginnings
+constexpr Operator operators[] = {  // longer ones before their prefixes
     {"?/=", T_MATCHING}, {"?<=", T_MATCHING}, {"?>=", T_MATCHING}, {"?=", T_MATCHEQUAL},
     {"?<",  T_MATCHING}, {"?>",  T_MATCHING}, {"??",  T_MATCHING},
     {"<->", T_MATCHING}, {"<<",  T_OPENEXTERNAL},
@@ -31,13 +31,13 @@ bool startsWith(const char* at, std::string_view word) {
   return std::ranges::all_of(word, [&at](char letter) { return asciiUpper(*at++) == letter; });
 }
 
-/** Is the word there, and does it end there? */
+/** Does the text begin with the word, and does the word end there? */
 bool hasWord(const char* at, std::string_view word) {
   return startsWith(at, word) && !hasClass(at[word.size()], LETTER | DIGIT) &&
          at[word.size()] != '_';
 }
 
-/** Behind the first word of a directive, and the blanks behind that. */
+/** The position after the first word of a directive and the blanks that follow it. */
 const char* behindWord(const char* at) {
   const char* word = at + 1;
   word += matchBlanks(word);
@@ -45,7 +45,7 @@ const char* behindWord(const char* at) {
   return word + matchBlanks(word);
 }
 
-/** Digits of a base, U or S in front of it passed over: 0 where no base stands. */
+/** The digits of a base, after any U or S; 0 if there is no base. */
 int digitsOfBase(const char* base) {
   switch (asciiUpper(*base)) {
     case 'X': return HEX;

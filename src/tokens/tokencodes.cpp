@@ -1,5 +1,5 @@
-// Word look-up. The words stand in tokencodes.def in alphabetical order, which the compiler checks;
-// it also derives the hash table, without a collision, so that a look-up costs one comparison.
+// Word look-up. The words are in alphabetical order in tokencodes.def, which the compiler checks;
+// it also builds a perfect hash table, so that a look-up costs one comparison.
 #include "tokens/tokencodes.h"
 
 #include <algorithm>
@@ -10,7 +10,7 @@ namespace {
 struct Word {
   std::string_view text;
   int typ;
-  int edition = 0;  // since which it is reserved
+  int edition = 0;  // from which on it is reserved
 };
 
 constexpr Word keywords[] = {
@@ -35,8 +35,8 @@ constexpr std::size_t longestWord =
 constexpr std::size_t shortestWord =
     std::ranges::min(keywords, {}, [](const Word& word) { return word.text.size(); }).text.size();
 
-/** Folds the case of a letter by the bit that tells cases apart; no other character of a name
-   becomes a letter by it. */
+/** Folds the case of a letter by the bit that distinguishes the cases; no other character of a name
+    becomes a letter. */
 constexpr unsigned folded(char letter) {
   constexpr unsigned caseBit = 'a' - 'A';
   return static_cast<unsigned char>(letter) | caseBit;
@@ -45,8 +45,8 @@ constexpr unsigned folded(char letter) {
 constexpr int slotBits = 11;
 constexpr std::size_t slotCount = std::size_t{1} << slotBits;
 
-/** A hash of the word's length and of the four letters that tell words of one length apart.
-    Requires: at least two characters. */
+/** A hash of the word's length and the four letters that distinguish words of one length. Requires:
+    at least two characters. */
 constexpr std::size_t slotOf(std::string_view word, std::uint32_t factor) {
   auto hash = static_cast<std::uint32_t>(word.size());
   hash = hash * factor + folded(word[0]);
@@ -73,7 +73,7 @@ constexpr std::uint32_t spreadingFactor = [] {
 }();
 
 constexpr auto wordSlots = [] {
-  std::array<std::uint8_t, slotCount> slots{};  // place in keywords, from 1 on; 0 for none
+  std::array<std::uint8_t, slotCount> slots{};  // index in keywords plus 1; 0 for none
   std::uint8_t place = 0;
   for (const Word& word : keywords) slots[slotOf(word.text, spreadingFactor)] = ++place;
   return slots;

@@ -1,6 +1,5 @@
-// The two closed vocabularies: token codes (T_) and configuration codes (C_), with the questions
-// that several stages ask about a code. All stages decide by codes alone, never by a token's
-// letters.
+// The two closed vocabularies: token codes (T_) and configuration codes (C_), with the predicates
+// that several stages share. All stages decide by codes alone, never by a token's letters.
 #ifndef QORN_TOKENS_TOKENCODES_H
 #define QORN_TOKENS_TOKENCODES_H
 
@@ -22,16 +21,16 @@ enum ConfigCode : int {
 #include "tokens/configcodes.def"
 };
 
-/** Which setting rules the letter case of a token. */
+/** Which setting determines the letter case of a token. */
 enum CaseGroup : int { CASE_ASIS, CASE_KEYWORD, CASE_IDENTIFIER, CASE_ATTRIBUTE, CASE_NUMBER };
 constexpr int caseGroupCount = CASE_NUMBER + 1;
 
-constexpr int tokenCodeCount = T_END_DIRECTIVE + 1;  // free codes included
+constexpr int tokenCodeCount = T_END_DIRECTIVE + 1;  // unused codes included
 static_assert(T_INDENT_OFF - T_FORMAT_ON == 3, "the pragmas are neighbours");
 static_assert(T_INLINECOMMENT < T_FORMAT_ON && T_INDENT_OFF < T_RAWLINE,
               "and between the comments of one kind and lines that are no code of the other");
 
-/** From that edition of the language on its newer constructs are read as such. */
+/** The edition of the language from which on newer constructs are recognised. */
 constexpr int firstModernEdition = 2008;
 
 /** A table with one entry for each token code; `fill` where none is set. */
@@ -76,20 +75,20 @@ constexpr auto caseGroups = [] {
   return typ == T_COMMENT || (typ >= T_INLINECOMMENT && typ <= T_END_DIRECTIVE);
 }
 
-/** One of them behind which nothing stands on its line. */
+/** A comment with nothing after it on its line. */
 [[nodiscard]] constexpr bool endsLine(int typ) { return isComment(typ) && typ != T_INLINECOMMENT; }
 
-/** A line of its own for a tool, which no setting touches. */
+/** A whole line meant for a tool, which no setting touches. */
 [[nodiscard]] constexpr bool isToolLine(int typ) {
   return typ >= T_RAWLINE && typ <= T_END_DIRECTIVE;
 }
 
-/** One line of a comment between delimiters, with nothing behind it. */
+/** One line of a delimited comment, with nothing after it. */
 [[nodiscard]] constexpr bool isBlockComment(int typ) {
   return typ == T_BLOCKCOMMENT || typ == T_COMMENTLINE;
 }
 
-/** What the eye passes over: blanks, line ends and comments. */
+/** Blanks, line ends and comments. */
 [[nodiscard]] constexpr bool isSpacing(int typ) {
   return typ == T_WHITESPACE || typ == T_NEWLINE || isComment(typ);
 }
@@ -99,10 +98,10 @@ constexpr auto caseGroups = [] {
   return typ == T_STRING || typ == T_CHARACTER || (typ >= T_FORMAT_ON && typ <= T_END_DIRECTIVE);
 }
 
-/** A word that older sources have as a name; it may stand wherever a name does. */
+/** A word that older sources use as a name; it may occur wherever a name can. */
 [[nodiscard]] constexpr bool isNewerWord(int typ) { return typ >= T_ASSUME && typ <= T_VUNIT; }
 
-/** May a name be written so? */
+/** Can it be a name? */
 [[nodiscard]] constexpr bool isName(int typ) { return typ == T_IDENTIFIER || isNewerWord(typ); }
 
 /** The class words of an interface list or a declaration. */

@@ -1,5 +1,5 @@
-// Reading a source and cutting it into tokens: at each place the longest match of the rules, of
-// equal ones the more special. A NUL byte ends the stored text of its token.
+// Splitting a source into tokens: at each position the longest match of the rules wins, of equal
+// ones the more specific. A NUL byte ends the stored text of its token.
 #include "tokens/vhdllexer.h"
 
 #include <algorithm>
@@ -15,7 +15,7 @@
 
 namespace {
 
-/** A character that is a token of its own, or with one of two others behind it. */
+/** A character that is a token on its own, or together with one of two others after it. */
 struct Punctuation {
   static constexpr int none = -1000;  // no character
   int alone = T_UNKNOWN;
@@ -47,21 +47,21 @@ constexpr auto punctuations = [] {
   return table;
 }();
 
-/** The text of every T_BAR, with its padding. */
+/** The text of every T_BAR, with padding. */
 constexpr char barRoom[1 + VhdlToken::textPadding] = "|";
 constexpr std::string_view barText(barRoom, 1);
 
 /** The rule has appended its token, or there was none. */
 constexpr Match alreadyAdded{T_UNKNOWN, 0};
 
-/** There was nothing. */
+/** No rule matched. */
 constexpr Match noMatch{0, 0};
 
 Match orNoMatch(Match match) { return match.length > 0 ? match : noMatch; }
 
-/** Cuts one source into tokens, which `isModern` says by the rules of which editions; a source of
-   an older one pays nothing for the newer rules. The line feed behind the end of the source lets no
-   rule pass. */
+/** Splits one source into tokens; `isModern` selects the editions whose rules apply, and a source
+    of an older one pays nothing for the newer rules. No rule matches past the end of the source: a
+    line feed follows it. */
 template <bool isModern>
 class Lexer {
  public:
@@ -72,13 +72,13 @@ class Lexer {
         isOdd(source.view().find('\0') != std::string_view::npos || source.view().size() > INT_MAX),
         state(counters),
         yytoklist(list) {}
-  /** Adds all tokens of the source, T_EOF last. Flat, or the two instances would share the rules as
-      calls. */
+  /** Adds all tokens of the source, T_EOF last. Flattened, or the two instances would call shared
+      rules. */
   [[gnu::flatten]] void addTokens();
 
  private:
-  // Each finds the token at `at`. Those whose texts are not as in the source add it themselves and
-  // go on behind it.
+  // Each returns the token at `at`. Rules whose text differs from the source append the token
+  // themselves, advance past it and return alreadyAdded.
   Match matchNext();
   Match matchWord();
   Match matchWhitespace();
@@ -90,7 +90,7 @@ class Lexer {
   Match matchPunctuation() const;
   Match orPunctuation(Match match) const;
 
-  // What only the newer editions have; `noMatch` where the older rules are to be asked.
+  // What only the newer editions have; `noMatch` if the older rules are to be tried.
   Match matchModern();
   Match matchModernMark();
   Match matchBrace();
@@ -98,10 +98,10 @@ class Lexer {
   Match matchProtected();
   Match matchDirective();
   Match openComment();
-  /** The code of a word that in one place or another is no plain one. */
+  /** The code of a word whose meaning depends on the context. */
   int typInContext(int word);
 
-  /** The text of that length, which is passed over. */
+  /** Returns the text of that length and advances past it. */
   std::string_view take(std::size_t length) {
     const std::string_view text(at, length);
     at += length;
@@ -123,15 +123,15 @@ class Lexer {
   const char* begin;
   const char* at;
   const char* end;
-  bool isOdd;  // does the source hold NUL bytes, or texts whose length is no integer?
+  bool isOdd;  // does the source hold NUL bytes, or texts too long for an integer?
   bool isEnded = false;
   const char* pathDot = nullptr;     // the dot that opens the path of an external name
   bool awaitsUnit = false;           // has the head of a verification unit begun?
   bool isInRepetition = false;       // is a bracket of a sequence open?
   bool isProtected = false;          // does text for other tools follow?
-  const char* commentEnd = nullptr;  // of the comment between delimiters in hand
+  const char* commentEnd = nullptr;  // of the current delimited comment
   int braceLevel = 0;                // of sequences
-  std::vector<int> branchLevels;  // of parentheses, before each conditional directive that is open
+  std::vector<int> branchLevels;     // of parentheses, before each open conditional directive
   LexState& state;
   TokenList& yytoklist;
 };
@@ -171,7 +171,7 @@ VhdlToken& Lexer<isModern>::addExpanded(int typ, std::size_t length) {
 template <bool isModern>
 Match Lexer<isModern>::addBlanks(std::size_t length) {
   const int blanks = state.tabs.countBlanks({at, length});
-  if (blanks < 0) {  // form feeds and vertical tabs stay
+  if (blanks < 0) {  // form feeds and vertical tabs are kept
     addExpanded(T_WHITESPACE, length);
   } else {
     at += length;
@@ -353,7 +353,7 @@ Match Lexer<isModern>::matchBrace() {
   return {T_MATCHING, 1};
 }
 
-// A token a line, so that none but an extended identifier holds a line end.
+// One token per line, so that only an extended identifier can hold a line end.
 template <bool isModern>
 Match Lexer<isModern>::openComment() {
   commentEnd = at + matchBlockComment(at, end);

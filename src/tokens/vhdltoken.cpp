@@ -1,4 +1,4 @@
-// Texts of a token that are more than blanks or a line end.
+// Token texts other than blanks or a line end.
 #include "tokens/vhdltoken.h"
 
 #include <algorithm>

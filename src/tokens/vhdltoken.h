@@ -1,10 +1,11 @@
-// The one record of the system: a source file is a list of these, and formatting means changing
-// them. A token never leaves its list; one that is to vanish gets an empty format text.
+// The central record: a source file is a list of these, and formatting means changing them. A token
+// never leaves its list; one that is to disappear gets an empty format text.
 //
-// A record copies no text. Its source text stands in the source or, where tabs were expanded, in
-// the storage of the list. Its format text is nearly always a run of blanks, a line end or nothing,
-// which one number tells, so that a run of blanks costs the same whatever its length. With texts of
-// its own a record takes two thirds more memory, and the formatter a third more instructions.
+// A record copies no text. Its source text is in the source or, if tabs were expanded, in the
+// storage of the list. Its format text is nearly always a run of blanks, a line end or nothing,
+// which one number encodes, so that a run of blanks costs the same whatever its length. With texts
+// of its own a record would take two thirds more memory, and the formatter a third more
+// instructions.
 #ifndef QORN_TOKENS_VHDLTOKEN_H
 #define QORN_TOKENS_VHDLTOKEN_H
 
@@ -27,8 +28,8 @@ struct CaseText {
   int style;
 };
 
-/** A token owns no texts. Those that it is given live as long as the token, and textPadding
-   bytes after them can be read. */
+/** A token owns no texts. Those that it is given must live as long as the token, with textPadding
+    readable bytes after them. */
 class VhdlToken : public OldListItem<VhdlToken> {
  public:
   static constexpr int textPadding = caseBlock;
@@ -36,10 +37,10 @@ class VhdlToken : public OldListItem<VhdlToken> {
   VhdlToken(int code, int line, int level, std::string_view source)
       : VhdlToken(code, line, level, source.data(), static_cast<int>(source.size())) {}
   VhdlToken(int code, int line, int level, std::nullptr_t) = delete;  // a text is never null
-  /** One whose source text is that many blanks. */
+  /** A token whose source text is that many blanks. */
   VhdlToken(int code, int line, int level, int blanks)
       : VhdlToken(code, line, level, nullptr, blanks) {}
-  /** One that the formatter inserts, without a source. */
+  /** A token that the formatter inserts, with no source. */
   VhdlToken(int code, int level) : VhdlToken(code, /*line*/ 0, level, /*blanks*/ 0) {}
 
   int getTyp() const { return typ; }
@@ -55,7 +56,7 @@ class VhdlToken : public OldListItem<VhdlToken> {
   int getIndent() const { return indent; }
   void setIndent(int amount) { indent = amount; }
   int getGravity() const { return gravity; }
-  /** Holds the nearest of -128 to 127. */
+  /** Clamped to -128 to 127. */
   void setGravity(int priority) {
     gravity = static_cast<std::int8_t>(std::clamp<int>(priority, INT8_MIN, INT8_MAX));
   }
@@ -72,15 +73,15 @@ class VhdlToken : public OldListItem<VhdlToken> {
     assert(replacement.empty() || replacement == "\n");
     format = replacement.empty() ? 0 : LINE_END;
   }
-  /** The same of any text, of which it makes a copy in the arena. */
+  /** The same for any text, which is copied into the arena. */
   void setFormatText(std::string_view replacement, Arena& arena) {
     setFormatText(newText(replacement, arena), arena);
   }
-  /** The same of a text in the arena, which is the token's to change. */
+  /** The same for a text in the arena, which the token may change. */
   void setFormatText(std::span<char> replacement, Arena& arena);
   /** A copy with its padding. */
   static std::span<char> newText(std::string_view text, Arena& arena);
-  /** The effective text, from now on one that is the token's to change. */
+  /** The effective text, which from now on the token may change. */
   std::span<char> ownText(Arena& arena);
   /** As setFormatText with that many blanks; with the empty text for 0 or less. */
   void setFormatBlanks(int count) { format = count > 0 ? count : 0; }
@@ -91,13 +92,12 @@ class VhdlToken : public OldListItem<VhdlToken> {
     if (format >= 0) return format;
     return format == LINE_END ? 1 : static_cast<int>(texts->format.size());
   }
-  /** The number of blanks, if the text is empty or was set as a count of blanks; -1 for all else.
-   */
+  /** The number of blanks if the text is empty or was set as a count of blanks, else -1. */
   int countBlanks(int formatted) const {
     if (formatted != 0 && format != UNFORMATTED) return format >= 0 ? format : -1;
     return sourceText() == nullptr ? length : -1;
   }
-  /** Requires: the text is empty or no count of blanks. */
+  /** Requires: the text is empty or not a count of blanks. */
   std::string_view viewText(int formatted) const {
     assert(countBlanks(formatted) <= 0);
     if (formatted == 0 || format == UNFORMATTED) {
@@ -105,10 +105,10 @@ class VhdlToken : public OldListItem<VhdlToken> {
     }
     return format == LINE_END ? lineEnd : ownFormatText();
   }
-  /** Does a tab stand in its text? Those of blanks, comments and attributes have been expanded. */
+  /** Does its text contain a tab? Those of blanks, comments and attributes have been expanded. */
   bool holdsTabs() const { return hasTabs; }
   void setHoldsTabs(bool holds) { hasTabs = holds; }
-  /** Takes the space characters out of the effective text. */
+  /** Removes the space characters from the effective text. */
   void deleteSpaces(Arena& arena);
 
   // --- Letter case ---
@@ -122,8 +122,8 @@ class VhdlToken : public OldListItem<VhdlToken> {
 
   // --- Wrapping ---
 
-  /** Priority of a line break behind this token, if what follows would then stand at column
-      `target`. 0: no place to break; below 0: nor is the token before it. */
+  /** Priority of a line break after this token, if what follows would then start at column
+      `target`. 0: no break here; below 0: nor directly before this token. */
   int getWrapGravity(int target) const {
     if (gravity < 1) return gravity;
     return typ != T_NEWLINE && place > target ? place - target + gravity : 0;
@@ -131,23 +131,23 @@ class VhdlToken : public OldListItem<VhdlToken> {
 
   // --- Comments (layout/commenttext.cpp) ---
   //
-  // Nothing happens to other tokens. The token's indent counts as the comment's column; `width` is
-  // the count of columns of a line; `chars` are the characters that frame a block comment when the
+  // Other tokens are left alone. The token's indent counts as the comment's column; `width` is the
+  // number of columns of a line; `chars` are the characters that frame a block comment when the
   // last two of a comment are the same. New texts are taken from the arena.
 
-  /** Draws a comment that ends in a pair of frame characters out to the last column, or tidies the
-      pair away; `frame` is 1 where the pair is to stand at the margin behind blanks too. */
+  /** Extends a comment that ends in a pair of frame characters to the last column, or tidies the
+      pair up; `frame` is 1 if the pair is to be at the margin after blanks too. */
   void alignComment(int width, std::string_view chars, int frame, Arena& arena);
   /** Cuts an over-long comment at a blank. Returns the text for the next line, as a comment's own;
       empty when the comment stays whole. */
   [[nodiscard]] std::span<char> stripComment(int width, std::string_view chars, Arena& arena);
-  /** Takes filler in front of the closing `pair` off a comment that is wider than the line. */
+  /** Removes filler before the closing `pair` from a comment that is wider than the line. */
   void trimmComment(int width, std::string_view pair, Arena& arena);
 
  private:
   enum Format : int { UNFORMATTED = -1, LINE_END = -2, OWN_TEXT = -3 };  // else a count of blanks
 
-  /** Both texts of a token that was given a format text of another kind. */
+  /** Both texts of a token with a format text of any other kind. */
   struct Texts {
     const char* source;
     std::span<char> format;
@@ -178,11 +178,10 @@ class VhdlToken : public OldListItem<VhdlToken> {
   std::int8_t gravity = 1;  // wrap priority; written by VhdlScanner::getNextToken
   bool hasTexts : 1 = false;
   bool hasTabs : 1 = false;
-  // Depth of parentheses, 1 between the outermost pair, which lines are laid out by; from the
-  // wrapping on, which no longer asks for it, a column. Two numbers would take a seventh more
-  // memory.
+  // Parenthesis depth, 1 inside the outermost pair, for the layout of lines; from wrapping on,
+  // which no longer needs it, a column. Two numbers would take a seventh more memory.
   int place;
-  int indent = 0;  // columns, if the token comes first on its line
+  int indent = 0;  // columns, used if the token is first on its line
   int lineNo;      // source line; 0 if the formatter inserted the token
 };
 static_assert(sizeof(VhdlToken) <= 48 || sizeof(void*) != 8);
@@ -190,7 +189,7 @@ static_assert(std::is_trivially_destructible_v<VhdlToken>, "a list lets go of it
 
 using TokenList = OldList<VhdlToken>;
 
-/** The code of a token; -1 without one. */
+/** The code of a token; -1 for null. */
 [[nodiscard]] inline int typAt(const VhdlToken* token) {
   return token == nullptr ? -1 : token->getTyp();
 }

@@ -26,8 +26,9 @@ TemporaryFile makeTemporary(std::string_view text) {
   TemporaryFile file(std::tmpfile(), &std::fclose);
   if (file == nullptr) return file;
   fcntl(fileno(file.get()), F_SETFD, FD_CLOEXEC);
-  const bool isWritten = std::fwrite(text.data(), 1, text.size(), file.get()) == text.size() &&
-                         std::fflush(file.get()) == 0;
+  const bool isWritten =  // an empty text may have no address
+      (text.empty() || std::fwrite(text.data(), 1, text.size(), file.get()) == text.size()) &&
+      std::fflush(file.get()) == 0;
   if (!isWritten)
     file.reset();
   else

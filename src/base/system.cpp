@@ -73,8 +73,11 @@ FileState stateOf(int descriptor) {
 
 bool isSpecialFile(const char* path) {
   if (stateOf(path).kind == OTHER_FILE) return true;
-  const FileState entry = stateOfEntry(path);  // such as /dev/stdin, whatever it points to
-  return entry.kind == LINK && entry.device == stateOf("/dev").device;
+  // A link such as /dev/stdin, whatever it points to. Where /dev is no file system of its own, as
+  // in a bare root, it cannot be told from others.
+  const FileState entry = stateOfEntry(path);
+  const std::uint64_t devices = stateOf("/dev").device;
+  return entry.kind == LINK && entry.device == devices && devices != stateOf("/").device;
 }
 
 std::size_t lastPartOf(std::string_view path) { return path.rfind('/') + 1; }

@@ -4,18 +4,10 @@
 // large pages where the system has them.
 #include "base/arena.h"
 
-#include <sys/mman.h>
-
 #include <algorithm>
 #include <new>
 
-#if defined(__SANITIZE_ADDRESS__)
-#define QORN_ARENA_IS_HEAP 1
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define QORN_ARENA_IS_HEAP 1
-#endif
-#endif
+#include "base/system/memory.h"
 
 namespace {
 
@@ -23,21 +15,12 @@ constexpr std::size_t smallestSlab = std::size_t{64} << 10;
 constexpr std::size_t largestSlab = std::size_t{4} << 20;
 constexpr std::size_t largePage = std::size_t{2} << 20;
 
-// The address sanitizer has to see every block on its own, and never again once it is freed.
-#ifdef QORN_ARENA_IS_HEAP
-constexpr bool hasSlabs = false;
-#else
-constexpr bool hasSlabs = true;
-#endif
-
 bool isLarge(std::size_t size) { return size >= largePage; }
 
 char* newSlab(std::size_t size) {
   if (!isLarge(size)) return static_cast<char*>(::operator new(size));
   void* slab = ::operator new (size, std::align_val_t{largePage});
-#ifdef MADV_HUGEPAGE
-  (void)madvise(slab, size, MADV_HUGEPAGE);  // ordinary pages will do
-#endif
+  preferLargePages(slab, size);
   return static_cast<char*>(slab);
 }
 
@@ -54,7 +37,7 @@ void freeSlab(char* slab, std::size_t size) {
 Arena::~Arena() { freeSlabs(); }
 
 void Arena::clear() {
-  if (!hasSlabs) freeSlabs();
+  if (areBlocksWatched) freeSlabs();
   used = 0;
   fresh = nullptr;
   freshEnd = nullptr;
@@ -64,7 +47,7 @@ void Arena::goToNextSlab(std::size_t wanted) {
   while (used < slabs.size() && slabs[used].size < wanted) ++used;
   if (used == slabs.size()) {
     const std::size_t twice = slabs.empty() ? 0 : 2 * slabs.back().size;
-    const std::size_t usual = hasSlabs ? std::clamp(twice, smallestSlab, largestSlab) : 0;
+    const std::size_t usual = areBlocksWatched ? 0 : std::clamp(twice, smallestSlab, largestSlab);
     const std::size_t size = std::max(usual, wanted);
     slabs.push_back({newSlab(size), size});
   }

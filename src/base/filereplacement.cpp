@@ -6,6 +6,8 @@
 #include <cstdio>
 #include <cstring>
 
+#include "base/system/run.h"
+
 namespace {
 
 constexpr int mostLeftovers = 1000;  // of earlier runs of the same number
@@ -70,7 +72,7 @@ Replaced FileReplacement::openBesideBackup() {
 
 int FileReplacement::moveToBackup() {
   if (!stateOfEntry(backup.c_str()).isSameFile(read.state)) {
-    return std::rename(file.c_str(), backup.c_str());
+    return moveOver(file.c_str(), backup.c_str());
   }
   if (stateOfEntry(file.c_str()).kind == LINK) {  // it would replace the text it points to
     errno = EEXIST;
@@ -84,7 +86,7 @@ int FileReplacement::moveToBackup() {
 int FileReplacement::moveOffBackup() {
   nameBeside(folder(), "old");
   if (moveToFreeName(file.c_str(), beside.c_str()) != 0) return -1;
-  if (std::rename(beside.c_str(), backup.c_str()) != 0) {
+  if (moveOver(beside.c_str(), backup.c_str()) != 0) {
     const int failure = errno;
     (void)moveToFreeName(beside.c_str(), file.c_str());
     errno = failure;

@@ -17,7 +17,7 @@
 #include <string>
 #include <string_view>
 
-#include "base/system.h"
+#include "base/system/files.h"
 #include "base/textsink.h"
 
 enum Replaced : int {

@@ -1,26 +1,14 @@
 // Making a path absolute and tidying it.
 #include "base/path.h"
 
-#include <unistd.h>
-
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
 #include <string>
 
+#include "base/system/files.h"
+
 namespace {
-
-constexpr std::size_t directoryStep = 64;
-
-/** The working directory, of any length; empty with errno set on a failure. */
-std::string workingDirectory() {
-  std::string buffer(directoryStep, '\0');
-  while (getcwd(buffer.data(), buffer.size()) == nullptr) {
-    if (errno != ERANGE) return {};
-    buffer.resize(buffer.size() + directoryStep);
-  }
-  return buffer.c_str();
-}
 
 /** Removes `count` characters at each occurrence of `pattern`, until there is none. What remains
     there begins with the "/" that closed the pattern, so no earlier position can start to match. */
@@ -55,8 +43,8 @@ bool resolveLastParent(std::string& text) {
 }  // namespace
 
 void Path::addcwd() {
-  if (view().starts_with('/')) return;
-  std::string absolute = workingDirectory();
+  if (isAbsolute(view())) return;
+  std::string absolute = workingFolder();
   if (absolute.empty()) {
     std::fprintf(stderr, "Error! unable to determine current directory: %s\n",
                  std::strerror(errno));
@@ -80,7 +68,7 @@ void Path::cleanup() {
 }
 
 int Path::executable() {
-  if (access(get(), X_OK) == 0) return 0;
+  if (checkExecutable(get()) == 0) return 0;
   error = errno;
   return -1;
 }

@@ -1,12 +1,11 @@
 // What is opened may turn out to be a pipe, which must not block.
 #include "base/readfile.h"
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+
+#include "base/system/files.h"
 
 namespace {
 
@@ -17,8 +16,7 @@ std::string readBlocks(int descriptor, std::size_t expected, std::string& text) 
   text.resize(std::max(expected + 1, smallestBlock));
   std::size_t size = 0;
   for (;;) {
-    const ssize_t count = read(descriptor, text.data() + size, text.size() - size);
-    if (count < 0 && errno == EINTR) continue;
+    const std::ptrdiff_t count = readSome(descriptor, text.data() + size, text.size() - size);
     if (count < 0) return std::strerror(errno);
     if (count == 0) break;
     size += static_cast<std::size_t>(count);
@@ -39,9 +37,17 @@ std::string readOpened(int descriptor, std::string& text, FileState& state) {
 }  // namespace
 
 std::string readFile(const char* path, std::string& text, FileState& state) {
-  const int descriptor = open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+  const int descriptor = openToReadAtOnce(path);
   if (descriptor < 0) return std::strerror(errno);
   std::string reason = readOpened(descriptor, text, state);
+  (void)closeFile(descriptor);
+  return reason;
+}
+
+std::string readAnyFile(const char* path, std::string& text) {
+  const int descriptor = openToRead(path);
+  if (descriptor < 0) return std::strerror(errno);
+  std::string reason = readToEnd(descriptor, text);
   (void)closeFile(descriptor);
   return reason;
 }

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "base/system.h"
+#include "base/system/paths.h"
 
 enum class Replacement {
   done,

@@ -7,7 +7,7 @@
 #include <cstring>
 
 #include "base/fatal.h"
-#include "base/system.h"
+#include "base/system/paths.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include <system_error>
 
-#include "base/unbroken.h"
+#include "base/system/run.h"
 
 bool startThread(std::thread& thread, void (*body)(void*), void* argument) {
   try {

@@ -3,8 +3,6 @@
 #ifndef QORN_BASE_UNBROKEN_H
 #define QORN_BASE_UNBROKEN_H
 
-#include <csignal>
-
 /** While one lives, the run does not end. Keep it short, and allocate nothing in it: a run that is
     out of memory ends through `endRunWhole`, which waits for this one. Sections of one thread nest.
  */
@@ -15,17 +13,10 @@ class UnbrokenSection {
   UnbrokenSection(const UnbrokenSection&) = delete;
   UnbrokenSection& operator=(const UnbrokenSection&) = delete;
   ~UnbrokenSection();
-
- private:
-  sigset_t before;  // the signals that this thread already blocked
 };
 
-/** From here on the signals that end a run take effect after the sections in progress. A file that
-    exceeds the file size limit is a write error instead. */
-void endOnSignals();
-
-/** Blocks these signals in this thread for good, so that another one receives them. */
-void leaveSignalsToOthers();
+/** From here on the signals that end a run take effect after the sections in progress. */
+void endOnSignalsWhole();
 
 /** Ends the process after the sections in progress: standard output is flushed, nothing else runs.
     The first caller decides the status; a later one waits for the end. */

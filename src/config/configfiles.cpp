@@ -3,7 +3,6 @@
 
 #include <cerrno>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 
 #include "base/dynstring.h"
@@ -11,7 +10,8 @@
 #include "base/oldlist.h"
 #include "base/sourcetext.h"
 #include "base/stringlist.h"
-#include "base/system.h"
+#include "base/system/files.h"
+#include "base/system/run.h"
 #include "config/configlexer.h"
 #include "config/settings.h"
 
@@ -19,7 +19,7 @@ namespace {
 
 /** Appends the file's keys to the list. 0, or -1 if it can't be opened. */
 int scanConfigFile(const char* path, ConfigList& keys) {
-  FILE* stream = std::fopen(path, "r");
+  FILE* stream = openStream(path);
   if (stream == nullptr) return -1;
   SourceText text;
   text.read(stream, path);
@@ -50,9 +50,9 @@ int ReadConfigFile(const char* path, Settings& settings) {
     setConfigVariables(keys, settings);
     return 0;
   }
-  const char* searched = std::getenv("QORNRC");
+  const std::string searched = environmentValue("QORNRC").value_or(".");
   StringList directories;
-  directories.Split(searched == nullptr ? "." : searched, ':');
+  directories.Split(searched.c_str(), folderListSeparator);
   const char* directory = directories.getFirstString();
   for (; directory != nullptr; directory = directories.getNextString()) {
     DynString file(directory);

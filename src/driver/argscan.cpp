@@ -1,10 +1,11 @@
 // Parsing the command line. No complaint ends the scan, so that one run reports them all.
 #include "driver/argscan.h"
 
-#include <cstdlib>
 #include <cstring>
 
 #include "base/stringlist.h"
+#include "base/system/paths.h"
+#include "base/system/run.h"
 
 void ArgScan::setOptionalFlags(const char* letters) {
   for (; *letters != '\0'; ++letters) flags.addItemLast(new ArgFlag(*letters));
@@ -171,7 +172,7 @@ int ArgScan::checkArgumentCount() {
 }
 
 void ArgScan::DetermineAbsolutePath(const char* name) {
-  if (std::strchr(name, '/') == nullptr) {
+  if (!hasSeparator(name)) {
     searchPath(name);
     return;
   }
@@ -181,9 +182,9 @@ void ArgScan::DetermineAbsolutePath(const char* name) {
 }
 
 void ArgScan::searchPath(const char* name) {
-  const char* searched = std::getenv("PATH");
+  const std::optional<std::string> searched = environmentValue("PATH");
   StringList directories;
-  if (searched == nullptr || directories.Split(searched, ':') == 0) return;
+  if (!searched || directories.Split(searched->c_str(), folderListSeparator) == 0) return;
   const char* directory = directories.getFirstString();
   for (; directory != nullptr; directory = directories.getNextString()) {
     callPath.set(directory);

@@ -1,12 +1,12 @@
 // The program: options first, then configuration, then the inputs one by one through the one
 // scanner. Standard output carries only formatted text; all messages go to standard error.
-#include <csignal>
 #include <cstdio>
 #include <new>
 
 #include "base/exitstatus.h"
 #include "base/fatal.h"
 #include "base/number.h"
+#include "base/system/run.h"
 #include "config/configfiles.h"
 #include "driver/argscan.h"
 #include "scanner/vhdlscanner.h"
@@ -31,7 +31,7 @@ void version(FILE* stream) { std::fputs("qorn version: 2.5\n", stream); }
 
 void useHelp() { std::fputs("use qorn -h for help\n", stderr); }
 
-extern "C" void interrupted(int) { endRun(STATUS_INTERRUPTED); }
+void interrupted() { endRun(STATUS_INTERRUPTED); }
 
 /** -1 if -t is given without a number above 0, which is then reported. */
 int checkTabsize(const char* value) {
@@ -102,8 +102,8 @@ ExitStatus run(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  prepareRun(argc, argv);
   std::set_new_handler(outOfMemory);
-  std::signal(SIGINT, interrupted);
-  std::signal(SIGTERM, interrupted);
+  endOnInterruption(interrupted);
   endRun(run(argc, argv));
 }

@@ -1,7 +1,5 @@
 // The companion that people run on files, folders and git's changes. Everything that it does to a
 // text goes through `judgeContent`; this file decides where texts come from and how the run ends.
-#include <unistd.h>
-
 #include <algorithm>
 #include <cstdio>
 #include <new>
@@ -13,7 +11,9 @@
 
 #include "base/fatal.h"
 #include "base/readfile.h"
-#include "base/terminal.h"
+#include "base/system/files.h"
+#include "base/system/run.h"
+#include "base/system/streams.h"
 #include "base/unbroken.h"
 #include "driver/fmtoptions.h"
 #include "fmt/formatfiles.h"
@@ -59,7 +59,7 @@ std::string filterOutput(const std::string& name, const std::string& content,
 FmtStatus formatInput(const FmtOptions& options, SettingSource& settings) {
   const std::string name = options.inputName.empty() ? namelessInput : options.inputName;
   std::string content;
-  const std::string reason = readToEnd(STDIN_FILENO, content);
+  const std::string reason = readToEnd(standardInput, content);
   if (!reason.empty()) return fail("standard input: " + reason);
   const RunMode mode = modeOf(options);
   const Configuration& configuration =
@@ -262,9 +262,10 @@ FmtStatus run(int argc, char** argv) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  prepareRun(argc, argv);
   occupyClosedStreams();
   callFaults("qornfmt: ", endRunWhole);
   std::set_new_handler(outOfMemory);
-  endOnSignals();
+  endOnSignalsWhole();
   return run(argc, argv);
 }

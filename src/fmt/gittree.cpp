@@ -4,12 +4,11 @@
 
 #include <algorithm>
 #include <charconv>
-#include <cstdlib>
-#include <filesystem>
 #include <iterator>
 #include <utility>
 
-#include "base/childprocess.h"
+#include "base/system/childprocess.h"
+#include "base/system/run.h"
 
 namespace {
 
@@ -81,7 +80,7 @@ bool GitTree::run(const std::vector<std::string>& words, std::string& output,
 }
 
 bool GitTree::open() {
-  for (const char* name : misleadingVariables) unsetenv(name);
+  for (const char* name : misleadingVariables) removeFromEnvironment(name);
   std::string answer;
   if (!run({"rev-parse", "--is-inside-work-tree", "--show-prefix"}, answer)) return false;
   std::string_view lines = answer;
@@ -95,9 +94,16 @@ bool GitTree::open() {
 }
 
 std::string GitTree::pathOf(std::string_view name) const {
-  if (prefix.empty()) return std::string(name);
-  if (name.starts_with(prefix)) return std::string(name.substr(prefix.size()));
-  return std::filesystem::path(name).lexically_relative(prefix).string();
+  std::string_view folders = prefix;
+  while (!folders.empty()) {
+    const std::size_t length = folders.find('/') + 1;
+    if (!name.starts_with(folders.substr(0, length))) break;
+    folders.remove_prefix(length);
+    name.remove_prefix(length);
+  }
+  std::string path;
+  for (auto up = std::ranges::count(folders, '/'); up > 0; --up) path += "../";
+  return path.append(name);
 }
 
 bool GitTree::listDiff(const std::vector<std::string>& paths, std::vector<GitChange>& changes) {

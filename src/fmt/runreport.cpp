@@ -6,7 +6,7 @@
 #include <cstdio>
 #include <cstring>
 
-#include "base/terminal.h"
+#include "base/system/streams.h"
 
 namespace {
 

@@ -4,9 +4,6 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdio>
-#include <cstdlib>
-#include <cstring>
 #include <filesystem>
 #include <iterator>
 #include <string_view>
@@ -14,7 +11,8 @@
 #include <utility>
 
 #include "base/readfile.h"
-#include "base/system.h"
+#include "base/system/paths.h"
+#include "base/system/run.h"
 #include "config/settings.h"
 
 namespace {
@@ -23,30 +21,12 @@ namespace fs = std::filesystem;
 
 constexpr const char* configName = ".qornrc";
 
-/** The folder without links, "." and ".."; what doesn't exist stays as it is named. */
-fs::path canonicalFolder(const fs::path& folder) {
-  std::error_code error;
-  const fs::path absolute = fs::absolute(folder.empty() ? "." : folder, error);
-  const fs::path canonical = fs::weakly_canonical(absolute, error);
-  if (error) return absolute.lexically_normal();
-  return canonical.has_filename() ? canonical : canonical.parent_path();
-}
-
 /** The name of a file as messages show it: relative if it is below the current folder. */
 std::string shownName(const fs::path& file) {
   std::error_code error;
   const fs::path relative = file.lexically_relative(fs::current_path(error));
   const bool isBelow = !error && !relative.empty() && *relative.begin() != "..";
-  return (isBelow ? relative : file).string();
-}
-
-/** Reads a file of any kind. Returns the reason why not, or an empty string. */
-std::string readWhole(const std::string& name, std::string& text) {
-  FILE* stream = std::fopen(name.c_str(), "rb");
-  if (stream == nullptr) return std::strerror(errno);
-  std::string reason = readToEnd(fileno(stream), text);
-  std::fclose(stream);
-  return reason;
+  return withSlashes((isBelow ? relative : file).string());
 }
 
 /** Is there a file to be read, or one that should be? A link that leads nowhere is; reading it says
@@ -60,17 +40,18 @@ bool holdsConfiguration(const std::string& file) {
 
 bool isSearchEnd(const fs::path& folder, const std::string& home) {
   std::error_code error;
-  return folder == home || folder == folder.root_path() || fs::exists(folder / ".git", error);
+  return areSamePaths(folder.string(), home) || folder == folder.root_path() ||
+         fs::exists(folder / ".git", error);
 }
 
 /** The files that a list of folders holds. */
 std::vector<std::string> filesOf(std::string_view folders) {
   std::vector<std::string> files;
   while (!folders.empty()) {
-    const std::string_view folder = folders.substr(0, folders.find(':'));
+    const std::string_view folder = folders.substr(0, folders.find(folderListSeparator));
     folders.remove_prefix(std::min(folder.size() + 1, folders.size()));
     if (folder.empty()) continue;
-    const std::string file = (fs::path(folder) / configName).string();
+    const std::string file = withSlashes((fs::path(folder) / configName).string());
     if (holdsConfiguration(file)) files.push_back(file);
   }
   return files;
@@ -80,30 +61,29 @@ std::vector<std::string> filesOf(std::string_view folders) {
 
 SettingSource::SettingSource(const std::string& named) {
   store.emplace_back();
-  const char* folders = std::getenv("QORNRC");
+  const std::optional<std::string> folders = environmentValue("QORNRC");
   if (!named.empty()) {
     forAll = &read({named});
-  } else if (folders != nullptr) {
-    forAll = &read(filesOf(folders));
-  } else if (const char* folder = std::getenv("HOME"); folder != nullptr && *folder != '\0') {
-    home = canonicalFolder(folder).string();
+  } else if (folders) {
+    forAll = &read(filesOf(*folders));
+  } else if (const std::string folder = homeFolder(); !folder.empty()) {
+    home = canonicalFolder(folder);
   }
 }
 
 const Configuration& SettingSource::ofFile(const std::string& file) {
-  std::error_code error;
-  if (forAll == nullptr && fs::is_symlink(file, error)) {
-    const fs::path target = fs::canonical(file, error);
-    if (!error) return ofFolder(target.parent_path().string());
+  std::string path = file;
+  if (forAll == nullptr && stateOfEntry(file.c_str()).kind == LINK) {
+    if (std::string target = realPath(file.c_str()); !target.empty()) path = std::move(target);
   }
-  return ofFolder(fs::path(file).parent_path().string());
+  return ofFolder(path.substr(0, lastPartOf(path)));
 }
 
 const Configuration& SettingSource::ofFolder(const std::string& folder) {
   if (forAll != nullptr) return *forAll;
   const std::lock_guard lock(mutex);
   const Configuration*& answer = given[folder];
-  if (answer == nullptr) answer = &nearest(canonicalFolder(folder).string());
+  if (answer == nullptr) answer = &nearest(canonicalFolder(folder));
   return *answer;
 }
 
@@ -117,7 +97,7 @@ const Configuration& SettingSource::nearest(const std::string& folder) {
       break;
     }
     passed.push_back(place.string());
-    const std::string file = (place / configName).string();
+    const std::string file = withSlashes((place / configName).string());
     if (holdsConfiguration(file)) {
       answer = &read({file});
     } else if (isSearchEnd(place, home)) {
@@ -133,7 +113,7 @@ const Configuration& SettingSource::read(const std::vector<std::string>& files) 
   std::vector<std::string_view> texts;
   for (const std::string& file : files) {
     ConfigText& config = configuration.files.emplace_back(ConfigText{shownName(file), ""});
-    const std::string reason = readWhole(file, config.text);
+    const std::string reason = readAnyFile(file.c_str(), config.text);
     if (reason.empty()) continue;
     configuration.trouble = config.name + ": " + reason;
     return configuration;

@@ -5,18 +5,14 @@
 
 #include <algorithm>
 #include <cstring>
-#include <filesystem>
 #include <set>
 #include <span>
-#include <system_error>
 #include <tuple>
 
 #include "base/ascii.h"
-#include "base/system.h"
+#include "base/system/paths.h"
 
 namespace {
-
-namespace fs = std::filesystem;
 
 constexpr std::string_view sourceEndings[] = {".VHD", ".VHDL", ".VHT"};
 constexpr std::string_view writtenEndings[] = {".VHO", ".VHM", ".VHI"};
@@ -61,33 +57,28 @@ void Finder::addNamed(const std::string& path) {
 
 void Finder::addFile(const std::string& path, const FileState& state) {
   std::string name;
-  std::error_code error;
-  if (state.links > 1) name = fs::canonical(path, error).string();
+  if (state.links > 1) name = realPath(path.c_str());
   if (known.emplace(state.device, state.number, name).second) found.files.push_back(path);
 }
 
 /** The paths of what is in the folder, sorted, folders with a "/" at their ends; hidden names and
     links to folders are left out. */
 bool Finder::listFolder(const std::string& folder, std::vector<std::string>& paths) {
-  std::error_code error;
-  fs::directory_iterator entry(folder, error);
+  std::vector<FolderEntry> entries;
+  const int error = ::listFolder(folder, entries);
   std::string stem = folder == "." ? "" : folder;
   if (!stem.empty() && !stem.ends_with('/')) stem += '/';
-  for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
-    const std::string name = entry->path().filename().string();
-    if (name.starts_with('.')) continue;
-    std::error_code unknown;
-    const bool isFolder = entry->is_directory(unknown);
-    if (isFolder && entry->is_symlink(unknown)) continue;
-    if (isFolder)
-      paths.push_back(stem + name + '/');
-    else if (isSourceName(name))
-      paths.push_back(stem + name);
+  for (const FolderEntry& entry : entries) {
+    if (entry.name.starts_with('.') || entry.isLink) continue;
+    if (entry.isFolder)
+      paths.push_back(stem + entry.name + '/');
+    else if (isSourceName(entry.name))
+      paths.push_back(stem + entry.name);
   }
   std::sort(paths.begin(), paths.end());
   const bool isSlashed = folder.size() > 1 && folder.ends_with('/');
-  if (error) complain(folder.substr(0, folder.size() - isSlashed), std::strerror(error.value()));
-  return !error;
+  if (error != 0) complain(folder.substr(0, folder.size() - isSlashed), std::strerror(error));
+  return error == 0;
 }
 
 /** Folders that are still to be walked wait on a stack, however deep they lie. */

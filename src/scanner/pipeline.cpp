@@ -1,8 +1,9 @@
 // The pipeline for one input: opening it, the passes in order, and the reset for the next one.
 #include <cerrno>
-#include <cstdlib>
 #include <cstring>
 
+#include "base/system/files.h"
+#include "base/system/run.h"
 #include "scanner/vhdlscanner.h"
 #include "tokens/vhdllexer.h"
 
@@ -13,11 +14,11 @@ VhdlScanner::~VhdlScanner() { closeInputFile(); }
 
 int VhdlScanner::setInputFile(const char* path) {
   if (path == nullptr) return 0;
-  const char* extension = std::getenv("VHDLEXT");
+  const std::string extension = environmentValue("VHDLEXT").value_or(".vhdl");
   DynString opened(path);
   const char* reason = openInputFile(path);
   if (reason != nullptr && !isSpecialFile(path)) {
-    opened.cat(extension == nullptr ? ".vhdl" : extension);
+    opened.cat(extension);
     reason = openInputFile(opened.get());
   }
   if (reason != nullptr) {
@@ -30,7 +31,7 @@ int VhdlScanner::setInputFile(const char* path) {
 
 const char* VhdlScanner::openInputFile(const char* path) {
   if (isSpecialFile(path)) return "Not a regular file";  // and a pipe would block the run
-  inFile = std::fopen(path, "r");
+  inFile = openStream(path);
   if (inFile == nullptr) return std::strerror(errno);
   inputState = stateOf(inFile);  // a change from here on will be detected
   return nullptr;

@@ -13,7 +13,7 @@
 #include "base/oldlist.h"
 #include "base/sourcetext.h"
 #include "base/stack.h"
-#include "base/system.h"
+#include "base/system/paths.h"
 #include "base/textsink.h"
 #include "scanner/indentstack.h"
 #include "scanner/lineruler.h"

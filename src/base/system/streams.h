@@ -1,6 +1,6 @@
 // What the standard streams are connected to.
-#ifndef QORN_BASE_TERMINAL_H
-#define QORN_BASE_TERMINAL_H
+#ifndef QORN_BASE_SYSTEM_STREAMS_H
+#define QORN_BASE_SYSTEM_STREAMS_H
 
 /** Gives each closed standard stream a descriptor that neither reads nor writes; otherwise the next
     file opened would take its place, and receive the messages. */

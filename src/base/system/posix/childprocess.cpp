@@ -1,6 +1,6 @@
 // Standard input and standard error are unnamed files, so that only one pipe has to be drained and
 // neither side can wait for the other.
-#include "base/childprocess.h"
+#include "base/system/childprocess.h"
 
 #include <fcntl.h>
 #include <spawn.h>

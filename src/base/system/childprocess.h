@@ -1,6 +1,6 @@
 // Running another program to completion, without a shell.
-#ifndef QORN_BASE_CHILDPROCESS_H
-#define QORN_BASE_CHILDPROCESS_H
+#ifndef QORN_BASE_SYSTEM_CHILDPROCESS_H
+#define QORN_BASE_SYSTEM_CHILDPROCESS_H
 
 #include <string>
 #include <string_view>

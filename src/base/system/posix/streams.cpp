@@ -1,5 +1,5 @@
 // Terminals are recognised by what the system says of the descriptors, never by their names.
-#include "base/terminal.h"
+#include "base/system/streams.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>

@@ -18,7 +18,7 @@ class ScannerProbe : public VhdlScanner {
 
   /** Reads a source to the end of the list; the anchor is on the first token. */
   void scan(std::string_view source) {
-    lexInto(list(), source, lexState);
+    lexInto(list(), source, run.lexState);
     list().getFirst();
   }
   /** What follows the lexer, as for a file. */
@@ -60,23 +60,25 @@ class ScannerProbe : public VhdlScanner {
     }
     return line;
   }
+  int& indent = state.indent;
+  int& statementClosed = state.statementClosed;
+  int& inConfiguration = state.inConfiguration;
   int countIndents() const { return indentStack.getDepth(); }
 
   // clang-format off
   using VhdlScanner::deleteNewline;       using VhdlScanner::determineContext;
   using VhdlScanner::Format;              using VhdlScanner::getColumn;
-  using VhdlScanner::inConfiguration;     using VhdlScanner::indent;
-  using VhdlScanner::IndentLine;          using VhdlScanner::readInput;
-  using VhdlScanner::KeepIndentation;     using VhdlScanner::LineBreak;
-  using VhdlScanner::LookForward;         using VhdlScanner::nextIs;
-  using VhdlScanner::nextIsComment;       using VhdlScanner::popIndent;
-  using VhdlScanner::prevIs;              using VhdlScanner::prevIsLabel;
-  using VhdlScanner::prevIsNewline;       using VhdlScanner::setIndent;
+  using VhdlScanner::IndentLine;          using VhdlScanner::KeepIndentation;
+  using VhdlScanner::LineBreak;           using VhdlScanner::LookForward;
+  using VhdlScanner::nextIs;              using VhdlScanner::nextIsComment;
+  using VhdlScanner::popIndent;           using VhdlScanner::prevIs;
+  using VhdlScanner::prevIsLabel;         using VhdlScanner::prevIsNewline;
+  using VhdlScanner::readInput;           using VhdlScanner::setIndent;
   using VhdlScanner::setNextNewline;      using VhdlScanner::setNextSpaces;
   using VhdlScanner::setPrevNewline;      using VhdlScanner::setPrevSpaces;
   using VhdlScanner::settings;            using VhdlScanner::setTokenIndent;
   using VhdlScanner::singleSpace;         using VhdlScanner::startLex;
-  using VhdlScanner::statementClosed;     using VhdlScanner::StatementClosed;
+  using VhdlScanner::StatementClosed;
   // clang-format on
 };
 

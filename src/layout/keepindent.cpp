@@ -7,13 +7,13 @@ void VhdlScanner::KeepIndentation() {
   while (isSpacing(token->getTyp())) token = stepForward();
   const int typ = token->getTyp();
   if (typ == T_BEGIN || typ == T_ELSE || typ == T_ELSIF || typ == T_END) {
-    setIndent(settings.indentation, /*relative*/ 1);  // their handlers step back from it
+    stepIn();  // their handlers step back from it
   }
   const int column = getColumn(1);
   const int steps = settings.indentation == 0 ? 0 : column / settings.indentation;
   const int rest = column - steps * settings.indentation;
   if (rest != 0) setIndent(rest, /*relative*/ 1);
-  for (int i = 0; i < steps; ++i) setIndent(settings.indentation, /*relative*/ 1);
+  for (int i = 0; i < steps; ++i) stepIn();
   ruler.forget();
   StatementClosed();
 }

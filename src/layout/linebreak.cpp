@@ -97,6 +97,7 @@ VhdlToken* findBreak(const VhdlToken& overflow, const VhdlToken* hopeless) {
 
 void VhdlScanner::LineBreak() {
   ruler.forget();
+  run.reflowColumn = run.commentColumn;
   LineInHand line;
   bool isWrapping = true;
   VhdlToken* token = tokenList.getFirst();
@@ -125,11 +126,12 @@ void VhdlScanner::LineBreak() {
     }
     if (!isPlain) line.surplus += countColumns(*token, 1, settings.indentation) - length;
   }
+  run.commentColumn = run.reflowColumn;
 }
 
 void VhdlScanner::drawOutComment(VhdlToken& comment) {
   tokenList.setAnchor(&comment);
-  if (prevIsNewline(1) == 1) commentColumn = 0;
+  if (prevIsNewline(1) == 1) run.reflowColumn = RunState::noColumn;
   if (settings.extendComments == 1) {
     comment.alignComment(settings.lineWidth, settings.blockCommentCharacters.view(),
                          settings.frameBlockComments, tokenList.getArena());
@@ -153,7 +155,7 @@ VhdlToken* VhdlScanner::WrapLine(VhdlToken& overflow, LineInHand& line) {
   if (comment != nullptr && !isStuck) {
     finishLine(overflow, line);
     line.brokenComment = comment;
-    commentColumn = 0;
+    run.reflowColumn = RunState::noColumn;
     return breakComments(*candidate, line);
   }
   if (overflow.getTyp() == T_COMMENT) {

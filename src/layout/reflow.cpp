@@ -24,7 +24,7 @@ void VhdlScanner::BreakComment() {
       stepForward();
       if (nextIsComment() == 0) return;
     }
-    commentColumn = column;
+    run.reflowColumn = column;
   }
 }
 
@@ -37,8 +37,8 @@ VhdlToken* VhdlScanner::findComment() {
 void VhdlScanner::placeLongComment(VhdlToken& comment) {
   const int column = getColumn(1);
   if (column < settings.commentStartColumn) return;
-  if (commentColumn != 0) {
-    comment.setIndent(commentColumn);
+  if (run.reflowColumn != RunState::noColumn) {
+    comment.setIndent(run.reflowColumn);
     IndentLine(0);
   } else if (settings.lineWidth - column < settings.minimumFieldWidth) {
     comment.setIndent(settings.commentStartColumn);

@@ -21,10 +21,10 @@ int VhdlScanner::targetLengthAhead(const VhdlToken& token) const {
 }
 
 int VhdlScanner::determineTargetLength(int typ, int orTyp) {
-  if (anchorToken()->getLineNo() <= targetEndLine) return targetLength;
-  targetLength = prevTargetLength();
+  if (anchorToken()->getLineNo() <= run.targetEndLine) return run.targetLength;
+  run.targetLength = prevTargetLength();
   const VhdlToken* start = nextSemicolon();
-  if (start == nullptr || runEnds[typ] == start) return targetLength;
+  if (start == nullptr || runEnds[typ] == start) return run.targetLength;
   bool isAssigned = true;  // has the current statement had its assignment token?
   int semicolonLine = 0;
   for (const VhdlToken* token = start; token != nullptr; token = token->getNext()) {
@@ -36,14 +36,14 @@ int VhdlScanner::determineTargetLength(int typ, int orTyp) {
     } else if ((next == typ || next == orTyp) && !isAssigned) {
       if (token->getLineNo() != semicolonLine + 1) break;
       const int length = targetLengthAhead(*token);
-      if (length > targetLength && length <= settings.identLength) targetLength = length;
-      targetEndLine = token->getLineNo();
+      if (length > run.targetLength && length <= settings.identLength) run.targetLength = length;
+      run.targetEndLine = token->getLineNo();
       isAssigned = true;
       start = nullptr;
     }
   }
   if (start != nullptr) runEnds[typ] = start;
-  return targetLength;
+  return run.targetLength;
 }
 
 const VhdlToken* VhdlScanner::nextSemicolon() {
@@ -63,7 +63,7 @@ int VhdlScanner::blanksBeforeAssignment(int typ, int orTyp) {
 }
 
 void VhdlScanner::alignConstantSignalFile() {
-  setIndent(settings.indentation, /*relative*/ 1);
+  stepIn();
   if (!waitFor(T_COLON, T_IS)) return;
   setPrevSpaces(blanksBeforeAssignment(T_COLON, T_IS));
   popIndent();
@@ -95,7 +95,7 @@ void VhdlScanner::readWaveform(int level) {
       case T_WHEN:
         if (isModern() && getParenLevel() > level) break;
         if (settings.style == C_A) setPrevNewline();
-        setIndent(settings.indentation, /*relative*/ 1);
+        stepIn();
         setTokenIndent();
         isWhenOpen = true;
         break;
@@ -108,8 +108,7 @@ void VhdlScanner::readWaveform(int level) {
       case T_SEMICOLON:
         if (settings.style == C_A) popIndent();
         if (isWhenOpen) popIndent();
-        popIndent();
-        endLine();
+        endStatement();
         return;
       default: break;
     }
@@ -139,10 +138,7 @@ void VhdlScanner::SelectedSignalAssignment() {
       case T_VARASSIGN:
         if (isModern()) setNextNewline();
         break;
-      case T_SEMICOLON:
-        popIndent();
-        endLine();
-        return;
+      case T_SEMICOLON: endStatement(); return;
       default: break;
     }
   }

@@ -4,13 +4,13 @@
 
 namespace {
 
-constexpr int KEPT = 99;  // in the table below: left alone
+constexpr int kept = 99;  // in the table below: left alone
 
 /** How a token is spaced as it is read. */
 struct Spacing {
-  int before = KEPT;   // blanks
-  int behind = KEPT;   // blanks
-  int gravity = KEPT;  // priority of a line break after it; 0: no break; -1: nor directly before it
+  int before = kept;   // blanks
+  int behind = kept;   // blanks
+  int gravity = kept;  // priority of a line break after it; 0: no break; -1: nor directly before it
 };
 
 constexpr auto spacings = [] {
@@ -20,31 +20,31 @@ constexpr auto spacings = [] {
   table[T_COMMA]              = {0,    1,      10};
   table[T_DOT]                = {0,    0,      -1};
   table[T_EQUAL]              = {1,    1,       5};
-  table[T_LPAREN]             = {KEPT, 0,       0};
-  table[T_RPAREN]             = {0,    KEPT,    4};
-  table[T_SEMICOLON]          = {0,    KEPT,   10};
+  table[T_LPAREN]             = {kept, 0,       0};
+  table[T_RPAREN]             = {0,    kept,    4};
+  table[T_SEMICOLON]          = {0,    kept,   10};
   table[T_VARASSIGN]          = {1,    1,      -1};
   table[T_ARROW]              = {1,    1,       5};
-  table[T_SIGASSIGN]          = {KEPT, 1,    KEPT};
+  table[T_SIGASSIGN]          = {kept, 1,    kept};
   table[T_MATCHEQUAL]         = {1,    1,       5};
-  table[T_OPENEXTERNAL]       = {KEPT, 1,       0};
-  table[T_CLOSEEXTERNAL]      = {1,    KEPT,    4};
+  table[T_OPENEXTERNAL]       = {kept, 1,       0};
+  table[T_CLOSEEXTERNAL]      = {1,    kept,    4};
   table[T_PATHDOT]            = {1,    0,      -1};
-  table[T_LBRACE]             = {1,    KEPT, KEPT};
-  table[T_SEQUENCE_SEMICOLON] = {0,    KEPT,    4};
-  table[T_DECIMAL]            = {KEPT, KEPT,    0};
-  table[T_BASED]              = {KEPT, KEPT,    0};
+  table[T_LBRACE]             = {1,    kept, kept};
+  table[T_SEQUENCE_SEMICOLON] = {0,    kept,    4};
+  table[T_DECIMAL]            = {kept, kept,    0};
+  table[T_BASED]              = {kept, kept,    0};
   // clang-format on
   return table;
 }();
 
-constexpr Spacing calledName = {KEPT, 0, 0};
+constexpr Spacing calledName = {kept, 0, 0};
 
 }  // namespace
 
 VhdlToken* VhdlScanner::getNextToken() {
   while (VhdlToken* token = stepForward()) {
-    token->setIndent(indent);
+    token->setIndent(state.indent);
     const int typ = token->getTyp();
     if (typ == T_WHITESPACE) {
       singleSpace();
@@ -55,9 +55,9 @@ VhdlToken* VhdlScanner::getNextToken() {
     } else {
       const bool isCalled = typ == T_IDENTIFIER && LookForward(1) == T_LPAREN;
       const Spacing& spacing = isCalled ? calledName : spacings[typ];
-      if (spacing.before != KEPT) setPrevSpaces(spacing.before);
-      if (spacing.behind != KEPT) setNextSpaces(spacing.behind);
-      if (spacing.gravity != KEPT) token->setGravity(spacing.gravity);
+      if (spacing.before != kept) setPrevSpaces(spacing.before);
+      if (spacing.behind != kept) setNextSpaces(spacing.behind);
+      if (spacing.gravity != kept) token->setGravity(spacing.gravity);
       stopIndex.pass(tokenList.getAnchor());
       return token;
     }

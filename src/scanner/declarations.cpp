@@ -1,39 +1,25 @@
 // Declarations: objects, attributes, groups, types and subprograms. One entry remains on the indent
 // stack for the semicolon that the pass reads, unless a handler has consumed the semicolon itself.
-#include <algorithm>
-
 #include "base/columns.h"
 #include "scanner/peek.h"
 #include "scanner/vhdlscanner.h"
 
-namespace {
-
-/** An object declaration: its word, whether a name must follow, the blanks before the name. */
-struct ObjectWord {
-  int typ;
-  bool needsName;
-  int blanks;
-};
-
-constexpr ObjectWord objectWords[] = {
-    {T_CONSTANT, false, 1}, {T_VARIABLE, false, 1}, {T_SIGNAL, false, 3},
-    {T_FILE, true, 5},      {T_ALIAS, true, 4},
-};
-
-}  // namespace
-
-void VhdlScanner::objectDeclaration() {
-  const int typ = anchorToken()->getTyp();
-  const auto* word = std::ranges::find(objectWords, typ, &ObjectWord::typ);
-  if (word->needsName && !isName(typBehindBlanks())) return;
-  setNextSpaces(word->blanks);
+void VhdlScanner::objectDeclaration(int blanks) {
+  setNextSpaces(blanks);
   alignConstantSignalFile();
+}
+
+void VhdlScanner::File() {
+  if (isName(typBehindBlanks())) objectDeclaration(5);
+}
+
+void VhdlScanner::Alias() {
+  if (isName(typBehindBlanks())) objectDeclaration(4);
 }
 
 void VhdlScanner::Group() {
   if (!isName(typBehindBlanks())) return;
-  setNextSpaces(1);
-  alignConstantSignalFile();
+  objectDeclaration(1);
   setNextSpaces(1);
   if (getNextTokenTyp() != T_LPAREN) return;
   // A template: two entity classes at most, each with an optional box after it.
@@ -53,19 +39,16 @@ int VhdlScanner::readEntityClass() {
 }
 
 void VhdlScanner::Attribute() {
-  setIndent(settings.indentation, /*relative*/ 1);
-  waitForSemiColon();
-  popIndent();
-  endLine();
+  stepIn();
+  finishStatement();
 }
 
 void VhdlScanner::Type() {
-  setIndent(settings.indentation, /*relative*/ 1);
+  stepIn();
   if (!isName(getNextTokenTyp())) return;
   const int behind = getNextTokenTyp();
   if (behind == T_SEMICOLON) {  // an incomplete type
-    popIndent();
-    endLine();
+    endStatement();
     return;
   }
   if (behind != T_IS || LookForward(1) != T_LPAREN) return;
@@ -84,18 +67,16 @@ void VhdlScanner::entriesInBlock() {
 }
 
 void VhdlScanner::entryBlock() {
-  setIndent(settings.indentation, /*relative*/ 1);
+  stepIn();
   setNextNewline();
   InterfaceList();
   setPrevNewline();
-  popTokenIndent();
-  setIndent(settings.indentation, /*relative*/ 1);
+  outdentToken();
 }
 
 void VhdlScanner::Array() {
   if (!hasSeveralIndexRanges()) return;
-  setPrevNewline();
-  if (settings.style != C_A) popTokenIndent();
+  startDefinition();
   if (getNextTokenTyp() != T_LPAREN) return;
   if (settings.style != C_A) setPrevNewline();
   entryBlock();
@@ -108,10 +89,14 @@ bool VhdlScanner::hasSeveralIndexRanges() {
   return CountListEntries(getParenLevel(), T_COMMA, T_RPAREN) > 1;
 }
 
-void VhdlScanner::openElements() {
+void VhdlScanner::startDefinition() {
   setPrevNewline();
   if (settings.style != C_A) popTokenIndent();
-  setIndent(settings.indentation, /*relative*/ 1);
+}
+
+void VhdlScanner::openElements() {
+  startDefinition();
+  stepIn();
   setNextNewline();
 }
 
@@ -130,13 +115,12 @@ void VhdlScanner::Record() {
 
 //     type queue is protected body variable size : natural; end protected body queue;
 void VhdlScanner::Protected() {
-  if (indentStack.kind() != LEVEL_STATEMENT || statementClosed == 1) {  // no type in hand
+  if (indentStack.kind() != LEVEL_STATEMENT || state.statementClosed == 1) {  // no type in hand
     Identifier();
     return;
   }
-  setPrevNewline();
-  if (settings.style != C_A) popTokenIndent();
-  setIndent(settings.indentation, /*relative*/ 1);
+  startDefinition();
+  stepIn();
   if (LookForward(1) == T_BODY) getNextToken();
   endHead(LEVEL_PROTECTED);
 }
@@ -147,7 +131,7 @@ void VhdlScanner::View() {
     Identifier();
     return;
   }
-  setIndent(settings.indentation, /*relative*/ 1);
+  stepIn();
   if (!waitFor(T_IS, T_SEMICOLON)) return;
   setNextNewline();
   InterfaceList();
@@ -179,7 +163,7 @@ void VhdlScanner::UnitList() {
 }
 
 void VhdlScanner::Function() {
-  setIndent(settings.indentation, /*relative*/ 1);
+  stepIn();
   int blanks = 0;  // before the parameters
   for (;;) {
     switch (getNextTokenTyp()) {
@@ -193,8 +177,7 @@ void VhdlScanner::Function() {
         break;
       case T_PARAMETER: blanks = 1; break;
       case T_SEMICOLON:  // a declaration
-        popIndent();
-        endLine();
+        endStatement();
         return;
       case T_IS:
         if (!isModern() || LookForward(1) != T_NEW) endHead();  // else an instance

@@ -44,7 +44,7 @@ struct VhdlScanner::Dispatch {
     table[T_IDENTIFIER]         = &VhdlScanner::Identifier;
     table[T_IF]                 = &VhdlScanner::If;
     table[T_IMPURE]             = &VhdlScanner::Impure;
-    table[T_LBRACE]             = &VhdlScanner::OpenUnit;
+    table[T_LBRACE]             = &VhdlScanner::LeftBrace;
     table[T_LBRACKET]           = &VhdlScanner::Bracket;
     table[T_LIBRARY]            = &VhdlScanner::Library;
     table[T_LOOP]               = &VhdlScanner::Loop;
@@ -58,7 +58,7 @@ struct VhdlScanner::Dispatch {
     table[T_PROPERTY]           = &VhdlScanner::Directive;
     table[T_PROTECTED]          = &VhdlScanner::Protected;
     table[T_PURE]               = &VhdlScanner::Pure;
-    table[T_RBRACE]             = &VhdlScanner::CloseUnit;
+    table[T_RBRACE]             = &VhdlScanner::RightBrace;
     table[T_RBRACKET]           = &VhdlScanner::Bracket;
     table[T_RECORD]             = &VhdlScanner::Record;
     table[T_REPORT]             = &VhdlScanner::Assert;
@@ -116,7 +116,7 @@ void VhdlScanner::ParameterList() {
 }
 
 bool VhdlScanner::opensStatement() {
-  if (statementClosed == 0 && prevIsLabel() == 0) return false;
+  if (state.statementClosed == 0 && prevIsLabel() == 0) return false;
   switch (LookForward(1)) {
     case T_ATTRIBUTE_NAME:
     case T_COLON:
@@ -139,9 +139,7 @@ void VhdlScanner::External() {
 
 void VhdlScanner::SemiColon() {
   if (indentStack.kind() == LEVEL_CONDITION) popIndent();
-  StatementClosed();
-  popIndent();
-  setNextNewline();
+  endStatement();
 }
 
 void VhdlScanner::Bracket() {
@@ -150,6 +148,11 @@ void VhdlScanner::Bracket() {
 }
 
 void VhdlScanner::waitForSemiColon() { waitFor(T_SEMICOLON, T_SEMICOLON); }
+
+void VhdlScanner::finishStatement() {
+  waitForSemiColon();
+  endStatement();
+}
 
 void VhdlScanner::waitForParenClose(int level) {
   while (const VhdlToken* token = getNextToken()) {
@@ -166,16 +169,14 @@ bool VhdlScanner::waitFor(int typ, int orTyp) {
 }
 
 int VhdlScanner::determineContext() {
-  const int context = findContext();
-  contextMark = tokenList.getAnchor();
-  contextTyp = context;
-  return context;
+  context = {anchorToken(), findContext()};
+  return context.typ;
 }
 
 int VhdlScanner::findContext() const {
   const VhdlToken* token = anchorToken();
   while (token != nullptr && (token = token->getPrev()) != nullptr) {
-    if (token == contextMark) return contextTyp;  // the tokens before it don't change
+    if (token == context.at) return context.typ;  // the tokens before it don't change
     switch (token->getTyp()) {
       case T_COLON: return T_COLON;
       case T_ALIAS:

@@ -4,23 +4,25 @@
 #include "scanner/vhdlscanner.h"
 
 void VhdlScanner::setIndent(int amount, int relative, IndentKind kind) {
-  indentStack.push(indent, kind);
-  indent = relative == 1 ? addColumns(indent, amount) : amount;
+  indentStack.push(state.indent, kind);
+  state.indent = relative == 1 ? addColumns(state.indent, amount) : amount;
   StatementOpen();
 }
 
+void VhdlScanner::stepIn(IndentKind kind) { setIndent(settings.indentation, /*relative*/ 1, kind); }
+
 void VhdlScanner::popIndent() {
-  indent = indentStack.pop();
-  if (indent == 0) inConfiguration = 0;
+  state.indent = indentStack.pop();
+  if (state.indent == 0) state.inConfiguration = 0;
 }
 
 void VhdlScanner::setIdentifierIndent() {
-  if (statementClosed == 1) setIndent(settings.indentation, /*relative*/ 1);
+  if (state.statementClosed == 1) stepIn();
 }
 
 void VhdlScanner::setTokenIndent() {
   VhdlToken* token = anchorToken();
-  if (token != nullptr) token->setIndent(indent);
+  if (token != nullptr) token->setIndent(state.indent);
 }
 
 void VhdlScanner::popTokenIndent() {
@@ -28,6 +30,11 @@ void VhdlScanner::popTokenIndent() {
   setTokenIndent();
 }
 
+void VhdlScanner::outdentToken(IndentKind kind) {
+  popTokenIndent();
+  stepIn(kind);
+}
+
 void VhdlScanner::indentUnlessLabelled() {
-  if (prevIsLabel() == 0) setIndent(settings.indentation, /*relative*/ 1);
+  if (prevIsLabel() == 0) stepIn();
 }

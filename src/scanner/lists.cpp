@@ -18,7 +18,7 @@ constexpr int interfaceExtra = 9;  // an interface name may be longer than other
 
 void VhdlScanner::alignAt(int width) {
   IndentLine(0);
-  setPrevSpaces(std::max(addColumns(addColumns(width, indent), -getColumn(1)), 1));
+  setPrevSpaces(std::max(addColumns(addColumns(width, state.indent), -getColumn(1)), 1));
 }
 
 void VhdlScanner::endEntry() {
@@ -39,7 +39,7 @@ void VhdlScanner::Port() {
 
 void VhdlScanner::interfaceBlock(const VhdlToken& paren) {
   if (settings.style != C_A) setPrevNewline();
-  setIndent(settings.indentation, /*relative*/ 1);
+  stepIn();
   setPrevSpaces(1);
   setNextNewline();
   if (settings.interfaceIdentifierList == C_WRAPPED) {
@@ -61,11 +61,11 @@ void VhdlScanner::PortMap() {
   const int level = paren->getParenLevel();
   settings.style == C_A ? setPrevSpaces(1) : setPrevNewline();
   setNextNewline();
-  setIndent(settings.indentation, /*relative*/ 1);
+  stepIn();
   settings.associationList == C_WRAPPED ? AssociationList(level) : waitForParenClose(level);
   setPrevNewline();
   popTokenIndent();
-  if (inBlockHeader == 1 && nextIs(T_SEMICOLON) == 1) getNextToken();
+  if (state.inBlockHeader == 1 && nextIs(T_SEMICOLON) == 1) getNextToken();
   StatementClosed();
   if (isClause && LookForward(1) == T_SEMICOLON) {
     getNextToken();

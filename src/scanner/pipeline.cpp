@@ -7,8 +7,9 @@
 #include "scanner/vhdlscanner.h"
 #include "tokens/vhdllexer.h"
 
-VhdlScanner::VhdlScanner(const Settings& chosen)
-    : settings(chosen), commentColumn(chosen.commentStartColumn) {}
+VhdlScanner::VhdlScanner(const Settings& chosen) : settings(chosen) {
+  run.commentColumn = chosen.commentStartColumn;
+}
 
 VhdlScanner::~VhdlScanner() { closeInputFile(); }
 
@@ -53,9 +54,9 @@ void VhdlScanner::closeInputFile() {
 }
 
 void VhdlScanner::startLex() {
-  lexState.edition = settings.vhdl;
-  lexState.tabs.YYsetInTabSize(settings.oldTabsize);
-  yylex(sourceText, lexState, tokenList);
+  run.lexState.edition = settings.vhdl;
+  run.lexState.tabs.YYsetInTabSize(settings.oldTabsize);
+  yylex(sourceText, run.lexState, tokenList);
 }
 
 int VhdlScanner::IncludeHeaders() { return 0; }
@@ -86,13 +87,10 @@ int VhdlScanner::formatSource() {
 
 void VhdlScanner::Reset() {
   tokenList.deleteAllItems();
+  state = {};
   indentStack.reset();
   branches.clear();
   ruler.reset();
-  contextMark = nullptr;
+  context = {nullptr, -1};
   runEnds = TokenTable<const VhdlToken*>(nullptr);
-  indent = 0;
-  statementClosed = 1;
-  inBlockHeader = 0;
-  inConfiguration = 0;
 }

@@ -62,6 +62,11 @@ void VhdlScanner::endLine() {
   StatementClosed();
 }
 
+void VhdlScanner::endStatement() {
+  popIndent();
+  endLine();
+}
+
 void VhdlScanner::endHead(IndentKind kind) {
   indentStack.setKind(kind);
   endLine();

@@ -12,8 +12,7 @@ constexpr int elsifContinuation = 7;  // of a wrapped condition, whatever the in
 
 void VhdlScanner::openBody() {
   const bool isGenerated = anchorToken() != nullptr && anchorToken()->getTyp() == T_GENERATE;
-  popTokenIndent();
-  setIndent(settings.indentation, /*relative*/ 1);
+  outdentToken();
   endHead(isGenerated ? LEVEL_GENERATE : LEVEL_BODY);
 }
 
@@ -49,8 +48,7 @@ void VhdlScanner::Else() {
     openBody();
     return;
   }
-  popTokenIndent();
-  setIndent(settings.indentation, /*relative*/ 1);
+  outdentToken();
   if (waitFor(T_GENERATE, T_GENERATE)) endHead(LEVEL_GENERATE);
 }
 
@@ -74,21 +72,20 @@ void VhdlScanner::Case() {
 }
 
 void VhdlScanner::When() {
-  if (isModern() && statementClosed == 0) {
+  if (isModern() && state.statementClosed == 0) {
     whenAmidStatement();
     return;
   }
   const IndentKind kind = indentStack.kind();
   popIndent();
-  setIndent(settings.indentation, /*relative*/ 1);
+  stepIn();
   setTokenIndent();
   if (!readChoice()) return;
   if (anchorToken()->getTyp() == T_ARROW) {
     openAlternative(kind);
     return;
   }
-  popIndent();  // of an exit or next statement
-  endLine();
+  endStatement();  // of an exit or next statement
 }
 
 bool VhdlScanner::readChoice() {
@@ -103,13 +100,11 @@ void VhdlScanner::whenAmidStatement() {
   if (getParenLevel() > 0) return;
   if (indentStack.kind() == LEVEL_ASSIGNMENT) {
     if (settings.style == C_A) setPrevNewline();
-    setIndent(settings.indentation, /*relative*/ 1, LEVEL_CONDITION);
+    stepIn(LEVEL_CONDITION);
     setTokenIndent();
     return;
   }
-  waitForSemiColon();
-  popIndent();
-  endLine();
+  finishStatement();
 }
 
 void VhdlScanner::While() {
@@ -129,10 +124,7 @@ void VhdlScanner::For() {
       case T_EOF: return;
       case T_GENERATE: endHead(LEVEL_GENERATE); return;
       case T_LOOP: endHead(); return;
-      case T_SEMICOLON:
-        popIndent();
-        endLine();
-        return;
+      case T_SEMICOLON: endStatement(); return;
       case T_USE: openBinding(); return;
       case T_GENERIC:
       case T_PORT:
@@ -145,7 +137,7 @@ void VhdlScanner::For() {
         return;
       case T_FOR:  // of a block configuration
         setPrevNewline();
-        setIndent(settings.indentation, /*relative*/ 1);
+        stepIn();
         break;
       default: break;
     }
@@ -154,8 +146,8 @@ void VhdlScanner::For() {
 
 void VhdlScanner::openBinding() {
   setPrevNewline();
-  if (inConfiguration == 1) {
-    setIndent(settings.indentation, /*relative*/ 1);
+  if (state.inConfiguration == 1) {
+    stepIn();
   } else {  // on its own: no `end` closes it
     popIndent();
     setIndent(timesColumns(2, settings.indentation), /*relative*/ 1);
@@ -165,9 +157,9 @@ void VhdlScanner::openBinding() {
 
 //     for u1 : cell generic map (n => 1) port map (a => b); end for;
 void VhdlScanner::openMaps() {
-  if (inConfiguration == 0) {
+  if (state.inConfiguration == 0) {
     popIndent();
-    setIndent(settings.indentation, /*relative*/ 1);
+    stepIn();
   } else {
     setIndent(0, /*relative*/ 1);
   }
@@ -180,27 +172,23 @@ void VhdlScanner::CheckedDirective() { opensStatement() ? Assert() : Identifier(
 
 void VhdlScanner::Wait() {
   indentUnlessLabelled();
-  waitForSemiColon();
-  popIndent();
-  endLine();
+  finishStatement();
 }
 
 void VhdlScanner::Assert() {
   indentUnlessLabelled();
-  setIndent(settings.indentation, /*relative*/ 1);
+  stepIn();
   for (;;) {
     switch (getNextTokenTyp()) {
       case T_EOF: return;
       case T_REPORT:
       case T_SEVERITY:
-        popTokenIndent();
-        setIndent(settings.indentation, /*relative*/ 1);
+        outdentToken();
         setPrevNewline();
         break;
       case T_SEMICOLON:
         popIndent();
-        popIndent();
-        endLine();
+        endStatement();
         return;
       default: break;
     }

@@ -25,6 +25,13 @@ bool VhdlScanner::readHead(std::initializer_list<int> head) {
   return true;
 }
 
+bool VhdlScanner::openUnit(std::initializer_list<int> head) {
+  stepIn();
+  if (!readHead(head)) return false;
+  endHead();
+  return true;
+}
+
 bool VhdlScanner::isInstantiated() {
   if (!isModern()) return prevIs(T_COLON) == 1 || prevIs(T_USE) == 1;
   const VhdlToken* node = anchorToken()->getPrev();
@@ -34,25 +41,18 @@ bool VhdlScanner::isInstantiated() {
 
 void VhdlScanner::Entity() {
   if (isInstantiated()) return;
-  setIndent(settings.indentation, /*relative*/ 1);
-  if (readHead({T_IDENTIFIER, T_IS})) endHead();
+  openUnit({T_IDENTIFIER, T_IS});
 }
 
-void VhdlScanner::Architecture() {
-  setIndent(settings.indentation, /*relative*/ 1);
-  if (readHead({T_IDENTIFIER, T_OF, T_IDENTIFIER, T_IS})) endHead();
-}
+void VhdlScanner::Architecture() { openUnit({T_IDENTIFIER, T_OF, T_IDENTIFIER, T_IS}); }
 
 void VhdlScanner::Configuration() {
   if (isInstantiated()) return;
-  setIndent(settings.indentation, /*relative*/ 1);
-  if (!readHead({T_IDENTIFIER, T_OF, T_IDENTIFIER, T_IS})) return;
-  inConfiguration = 1;
-  endHead();
+  if (openUnit({T_IDENTIFIER, T_OF, T_IDENTIFIER, T_IS})) state.inConfiguration = 1;
 }
 
 void VhdlScanner::Package() {
-  setIndent(settings.indentation, /*relative*/ 1);
+  stepIn();
   int name = getNextTokenTyp();
   if (name == T_BODY) name = getNextTokenTyp();
   if (!isName(name) || !readHead({T_IS})) return;
@@ -68,14 +68,13 @@ void VhdlScanner::Context() {
   } else if (LookForward(2) != T_IS) {
     nameClause(libraryContinuation);
   } else {
-    setIndent(settings.indentation, /*relative*/ 1);
-    if (readHead({T_IDENTIFIER, T_IS})) endHead();
+    openUnit({T_IDENTIFIER, T_IS});
   }
 }
 
 void VhdlScanner::Component() {
   if (isInstantiated()) return;
-  setIndent(settings.indentation, /*relative*/ 1);
+  stepIn();
   if (!readHead({T_IDENTIFIER})) return;
   if (peekTokenTyp() == T_IS) getNextToken();
   endHead();
@@ -90,8 +89,8 @@ void VhdlScanner::Library() { nameClause(libraryContinuation); }
 
 void VhdlScanner::Use() {
   const int unit = LookForward(1);
-  if (inConfiguration == 0 && (unit == T_VUNIT || unit == T_VPROP || unit == T_VMODE)) {
-    anchorToken()->setIndent(addColumns(indent, settings.indentation));  // under its binding
+  if (state.inConfiguration == 0 && (unit == T_VUNIT || unit == T_VPROP || unit == T_VMODE)) {
+    anchorToken()->setIndent(addColumns(state.indent, settings.indentation));  // under its binding
   }
   nameClause(useContinuation);
 }
@@ -103,7 +102,7 @@ void VhdlScanner::nameClause(int continuation) {
     return;
   }
   const int level = getParenLevel();
-  setIndent(settings.indentation, /*relative*/ 1);
+  stepIn();
   if (CountListEntries(level, T_COMMA, T_SEMICOLON) < 2) return;
   setNextNewline();
   WrappedList(level, T_COMMA, T_SEMICOLON);
@@ -117,7 +116,7 @@ void VhdlScanner::Block() {
   if (settings.blockHeader == C_WRAPPED) {
     endProcessHead();
   } else {
-    inBlockHeader = 1;
+    state.inBlockHeader = 1;
   }
 }
 
@@ -140,22 +139,21 @@ void VhdlScanner::endProcessHead() {
 }
 
 void VhdlScanner::Begin() {
-  if (inBlockHeader == 1) setPrevNewline();  // nothing in a block's header ends its line
-  stepOut();
+  if (state.inBlockHeader == 1) setPrevNewline();  // nothing in a block's header ends its line
+  nextPart();
   endLine();
-  inBlockHeader = 0;
+  state.inBlockHeader = 0;
 }
 
-void VhdlScanner::stepOut() {
+void VhdlScanner::nextPart() {
   const IndentKind kind = indentStack.kind();
-  const int step = settings.indentation;
-  popTokenIndent();
-  if (kind == LEVEL_CASE_GENERATE) {
-    anchorToken()->setIndent(addColumns(indent, step));
-    setIndent(timesColumns(2, step), /*relative*/ 1, kind);
-  } else {
-    setIndent(step, /*relative*/ 1, kind == LEVEL_GENERATE ? kind : LEVEL_BODY);
+  if (kind != LEVEL_CASE_GENERATE) {
+    outdentToken(kind == LEVEL_GENERATE ? kind : LEVEL_BODY);
+    return;
   }
+  popIndent();
+  anchorToken()->setIndent(addColumns(state.indent, settings.indentation));
+  setIndent(timesColumns(2, settings.indentation), /*relative*/ 1, kind);
 }
 
 bool VhdlScanner::endsAlternative() const {
@@ -166,31 +164,25 @@ bool VhdlScanner::endsAlternative() const {
 }
 
 bool VhdlScanner::endsBindingFor() const {
-  return isModern() && inConfiguration == 0 && LookForward(1) == T_FOR;
+  return isModern() && state.inConfiguration == 0 && LookForward(1) == T_FOR;
 }
 
 void VhdlScanner::End() {
-  if (endsAlternative()) {
-    stepOut();
-    waitForSemiColon();
-    endLine();
-    return;
-  }
-  if (endsBindingFor()) {
+  const bool isAlternative = endsAlternative();
+  if (isAlternative || endsBindingFor()) {
+    if (isAlternative) nextPart();
     waitForSemiColon();
     endLine();
     return;
   }
   const IndentKind kind = indentStack.kind();
-  popTokenIndent();
-  setIndent(settings.indentation, /*relative*/ 1);
+  outdentToken();
   waitForSemiColon();
-  popIndent();
   if (kind == LEVEL_PROTECTED && settings.style == C_A) popIndent();  // of the type
-  endLine();
+  endStatement();
 }
 
-void VhdlScanner::CloseUnit() {
+void VhdlScanner::RightBrace() {
   setPrevNewline();
   popTokenIndent();
   endLine();

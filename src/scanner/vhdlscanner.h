@@ -17,6 +17,7 @@
 #include "base/textsink.h"
 #include "scanner/indentstack.h"
 #include "scanner/lineruler.h"
+#include "scanner/passstate.h"
 #include "scanner/settings.h"
 #include "scanner/stopindex.h"
 #include "tokens/tokencodes.h"
@@ -36,7 +37,8 @@ class FileReplacement;
     The rule of the anchor: all passes share the list's one cursor. Questions and primitives leave
    it where it was; handlers move it on to the last token that they consumed. Blanks and line ends
    are tokens too. They change by their format text alone, new ones are inserted, and nothing leaves
-   the list before Reset. Columns are counted from 0 and in bytes, widths are counts. */
+   the list before Reset. Columns are counted from 0 and in bytes, widths are counts. A flag is an
+   int, 1 if set. */
 class VhdlScanner {
  public:
   explicit VhdlScanner(const Settings& chosen = Settings());
@@ -83,13 +85,16 @@ class VhdlScanner {
   /** Reports a write or a close that failed. */
   void CloseOutfile(FileReplacement& outFile) const;
 
-  // --- Look-around (lookaround.cpp): questions about the anchor's neighbours; the anchor stays ---
+  // --- The anchor: shorthands for the list's cursor (base/oldlist.h). The last two move it ---
 
   VhdlToken* anchorToken() const { return tokenList.getAnchor(); }
   VhdlToken* peekForward() const { return tokenList.peekNext(); }
   VhdlToken* peekBack() const { return tokenList.peekPrev(); }
   VhdlToken* stepForward() { return tokenList.getNext(); }
   VhdlToken* stepBack() { return tokenList.getPrev(); }
+
+  // --- Look-around (lookaround.cpp): questions about the anchor's neighbours; the anchor stays ---
+
   int getParenLevel() const;
   bool isModern() const { return settings.vhdl >= firstModernEdition; }
   /** Code of the next token, skipping blanks; -1 at the end of the list. */
@@ -116,21 +121,26 @@ class VhdlScanner {
   /** Opens a level: saves the indent, then adds the amount to it (relative 1) or sets it to the
       amount, and opens the statement. Undone by one popIndent. */
   void setIndent(int amount, int relative, IndentKind kind = LEVEL_STATEMENT);
+  /** Opens a level one indentation further in. */
+  void stepIn(IndentKind kind = LEVEL_STATEMENT);
   /** Restores the indent saved last, 0 if there is none. */
   void popIndent();
-  void StatementClosed() { statementClosed = 1; }
-  void StatementOpen() { statementClosed = 0; }
+  void StatementClosed() { state.statementClosed = 1; }
+  void StatementOpen() { state.statementClosed = 0; }
   /** Opens a statement, with its continuation one step in, unless one is open. */
   void setIdentifierIndent();
   /** Stamps the indent on the anchor token, whatever it was stamped with before. */
   void setTokenIndent();
   /** popIndent, and the anchor token takes the indent: a closing word at the level of its head. */
   void popTokenIndent();
+  /** The same for a word in mid-structure: what follows it is one step in again. */
+  void outdentToken(IndentKind kind = LEVEL_STATEMENT);
   /** One step in for what follows the anchor, unless the label of the statement has done so. */
   void indentUnlessLabelled();
 
   // --- Spacing and line primitives (primitives.cpp): the only tools for blanks and line ends. They
-  // --- write format texts alone. The anchor stays, except for setNextNewline and endLine.
+  // --- write format texts alone. The anchor stays, but setNextNewline and those that call it, the
+  // --- `end...` functions, move it to the line end.
 
   void setNextSpaces(int count);
   void setPrevSpaces(int count);
@@ -139,7 +149,9 @@ class VhdlScanner {
   void setNextNewline();
   /** setNextNewline after a head or a whole statement: the next token starts a statement. */
   void endLine();
-  /** endLine after a head, for which a level is open: it holds a body from here on. */
+  /** endLine after the semicolon of a statement, whose level ends here. */
+  void endStatement();
+  /** endLine after a head, whose level holds a body from here on. */
   void endHead(IndentKind kind = LEVEL_BODY);
   /** Starts a line with the anchor token. */
   void setPrevNewline();
@@ -188,6 +200,8 @@ class VhdlScanner {
   void External();
   void PassOver() {}
   void waitForSemiColon();
+  /** Reads the rest of a statement and ends it. */
+  void finishStatement();
   /** Reads on to the closing parenthesis of that level. */
   void waitForParenClose(int level);
   /** Reads on to one of the two codes. False if the input ended first. */
@@ -200,6 +214,8 @@ class VhdlScanner {
 
   /** Reads one token for each code, up to the first with a different one. True if all matched. */
   bool readHead(std::initializer_list<int> head);
+  /** Opens a level, reads the head, and ends its line if all of it matched, which it returns. */
+  bool openUnit(std::initializer_list<int> head);
   /** During its lifetime, tokens are read and laid out but not consumed. */
   class Peek;
   int peekTokenTyp();
@@ -224,18 +240,19 @@ class VhdlScanner {
   bool endsBindingFor() const;
   /** Moves the anchor token out to the level of the head of its structure, whose next part follows;
       in a case generate statement to that of the choice. */
-  void stepOut();
-  void OpenUnit() { endHead(); }
-  void CloseUnit();
+  void nextPart();
+  void LeftBrace() { endHead(); }
+  void RightBrace();
 
   // --- Declarations (declarations.cpp) ---
 
-  void Constant() { objectDeclaration(); }
-  void Variable() { objectDeclaration(); }
-  void Signal() { objectDeclaration(); }
-  void File() { objectDeclaration(); }
-  void Alias() { objectDeclaration(); }
-  void objectDeclaration();
+  void Constant() { objectDeclaration(1); }
+  void Variable() { objectDeclaration(1); }
+  void Signal() { objectDeclaration(3); }
+  void File();
+  void Alias();
+  /** With that many blanks before the name, which bring it nine columns right of the word. */
+  void objectDeclaration(int blanks);
   void Attribute();
   void Group();
   void Type();
@@ -258,12 +275,14 @@ class VhdlScanner {
   void parametersInColumn(int blanks);
   void genericsOfSubprogram();
   bool hasSeveralIndexRanges();
+  /** Starts a line with the word that begins a definition: one step in from its type, in style B at
+      the type. */
+  void startDefinition();
   void openElements();
   void closeElements();
   /** Reads a class and an optional box; returns the code of the token after them, which is consumed
       too. */
   int readEntityClass();
-  void alignConstantSignalFile();
 
   // --- Lists (lists.cpp) ---
 
@@ -334,6 +353,7 @@ class VhdlScanner {
 
   // --- Assignments (assignments.cpp) ---
 
+  void alignConstantSignalFile();
   void SignalAssignment();
   void VariableAssignment();
   void SelectedSignalAssignment();
@@ -376,47 +396,41 @@ class VhdlScanner {
   VhdlToken* findComment();
   void placeLongComment(VhdlToken& comment);
 
-  // --- Data ---
+  // --- Settings: written by configuration and options, never by a pass ---
 
   Settings settings;
-  int includeOption = 0;  // option; without effect
+  int includeOption = 0;  // without effect
 
-  // The current input.
+  // --- The input; replaced by the next setInputFile and format, the list cleared by Reset ---
+
   SourceText sourceText;
-  TokenList tokenList;  // owns all tokens, cleared by Reset
+  TokenList tokenList;  // owns all tokens
   DynString fileName;   // the path actually opened
   FILE* inFile = nullptr;
-  FileState inputState;  // of the current file when it was opened
+  FileState inputState;  // of the file when it was opened
 
-  // State of the pass, cleared by Reset.
-  int indent = 0;  // columns
+  // --- The formatting pass; cleared by Reset ---
+
+  PassState state;
   IndentStack indentStack;
-  int statementClosed = 1;  // 1 when no statement is open
-  int inBlockHeader = 0;    // 1 until the begin of a block
-  int inConfiguration = 0;  // 1 inside a configuration
-  struct Branching {        // the state before a conditional directive
-    IndentStack::Place place;
-    int indent;
-    int statementClosed;
-    int inBlockHeader;
-    int inConfiguration;
-  };
   std::vector<Branching> branches;  // of the open conditional directives
-  int blockShift = 0;               // columns by which the current comment has moved to the right
 
-  // What survives Reset: line numbers continue from file to file.
-  LexState lexState;
-  int targetEndLine = 0;     // source line up to which targetLength holds
-  int targetLength = 0;      // columns
-  int lastCommentLine = -1;  // source line of the last comment
-  int commentColumn;         // column of the current run of comments
+  // --- Memories: what was found at a place in the list, so that it is not searched again. Reset or
+  // --- the next format clears them.
 
-  LineRuler ruler;                         // the current output line; forgotten by Reset
-  StopIndex stopIndex;                     // the stops ahead of the cursor; rebuilt by format
-  const VhdlToken* contextMark = nullptr;  // the last token that determineContext was called for
-  int contextTyp = -1;                     // and its answer
-  // By the code being aligned: the end of the last statement that is known to end a run.
+  LineRuler ruler;      // width of the output line; who changes a blank before it must report it
+  StopIndex stopIndex;  // stops ahead of the cursor, which reports every token that it passes
+  struct Context {
+    const VhdlToken* at;  // where determineContext was called last
+    int typ;              // its answer
+  } context{nullptr, -1};
+  // By code: the semicolon after which determineTargetLength last found no further statement of a
+  // run. It depends on source lines and codes alone, which never change.
   TokenTable<const VhdlToken*> runEnds{nullptr};
+
+  // --- What survives Reset ---
+
+  RunState run;
 };
 
 #endif

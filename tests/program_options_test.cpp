@@ -5,11 +5,13 @@
 #include <csignal>
 #include <string>
 
+#include "driver/version.h"
 #include "programrun.h"
 
 namespace {
 
 TEST(ProgramOptionsTest, MessagesEndTheRunBeforeAnyInput) {
+  const std::string versionLine = std::string("qorn version: ") + programVersion + "\n";
   const struct {
     const char* arguments;
     int status;
@@ -17,7 +19,7 @@ TEST(ProgramOptionsTest, MessagesEndTheRunBeforeAnyInput) {
   } cases[] = {
       {"-h a.vhd", 0, "USAGE: qorn [-hvik] [-t <count>] [-c <configfile>] [<file> ...]\n"},
       {"-vh", 0, "USAGE: qorn [-hvik] [-t <count>] [-c <configfile>] [<file> ...]\n"},
-      {"-v -t 0 -c missing", 0, "qorn version: 2.5\n"},
+      {"-v -t 0 -c missing", 0, versionLine.c_str()},
       {"-hx", 1, "Error! Unknown option -x\nuse qorn -h for help\n"},
       {"a.vhd -y -t", 1,
        "Error! Unknown option -y\nError! option -t missing arg: \nuse qorn -h for help\n"},

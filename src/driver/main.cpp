@@ -9,6 +9,7 @@
 #include "base/system/run.h"
 #include "config/configfiles.h"
 #include "driver/argscan.h"
+#include "driver/version.h"
 #include "scanner/vhdlscanner.h"
 
 namespace {
@@ -27,7 +28,7 @@ constexpr const char* usageText =
 
 void usage(FILE* stream) { std::fputs(usageText, stream); }
 
-void version(FILE* stream) { std::fputs("qorn version: 2.5\n", stream); }
+void version(FILE* stream) { std::fprintf(stream, "qorn version: %s\n", programVersion); }
 
 void useHelp() { std::fputs("use qorn -h for help\n", stderr); }
 

@@ -16,6 +16,7 @@
 #include "base/system/streams.h"
 #include "base/unbroken.h"
 #include "driver/fmtoptions.h"
+#include "driver/version.h"
 #include "fmt/formatfiles.h"
 #include "fmt/gittree.h"
 #include "fmt/guess.h"
@@ -253,8 +254,8 @@ FmtStatus run(int argc, char** argv) {
     return FMT_TROUBLE;
   }
   if (options.isHelp || options.isVersion) {
-    const bool isPrinted = printOutput(options.isHelp ? fmtUsage : "qornfmt version: 2.5\n");
-    return isPrinted ? FMT_DONE : FMT_TROUBLE;
+    const std::string versionLine = std::string("qornfmt version: ") + programVersion + "\n";
+    return printOutput(options.isHelp ? fmtUsage : versionLine) ? FMT_DONE : FMT_TROUBLE;
   }
   return format(options);
 }

@@ -1,4 +1,4 @@
-// Builds the folder that the extension is packed from: build.js FOLDER VERSION
+// Builds the folder that the extension is packed from: build.mjs FOLDER VERSION
 import { copyFileSync, mkdirSync, readFileSync, writeFileSync } from 'node:fs';
 import { join } from 'node:path';
 import { build } from 'esbuild';
@@ -22,7 +22,10 @@ const grammar = {
     { match: '"[^"]*"', name: 'string.quoted.double.qornrc' },
     { match: "'[^']*'", name: 'string.quoted.single.qornrc' },
     { match: '\\d+', name: 'constant.numeric.qornrc' },
-    { match: anyOf(keys.flatMap(({ forms }) => forms)), name: 'keyword.other.qornrc' },
+    {
+      match: anyOf(keys.flatMap(({ forms }) => forms)),
+      name: 'variable.other.property.qornrc',
+    },
     { match: anyOf(ignored), name: 'comment.other.ignored.qornrc' },
     { match: anyOf(words), name: 'constant.language.qornrc' },
   ],

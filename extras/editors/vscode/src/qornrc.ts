@@ -23,24 +23,36 @@ function valuesOf({ kind, choices, least, most }: Key): string {
   return kind === 'number' ? `${least} to ${most}` : 'a quoted text';
 }
 
-function explain(key: Key): vscode.MarkdownString {
-  const text = new vscode.MarkdownString();
-  text.appendMarkdown(`**${key.key}**: `).appendText(key.help);
-  text.appendMarkdown('\n\nValues: ').appendText(valuesOf(key));
-  return text.appendMarkdown('. Default: ').appendText(key.fallback);
+/** appendText() would glue the words together by blanks that don't break. */
+function plain(text: string): string {
+  return text.replace(/[\\`*_{}[\]()<>#+\-.!~|&]/g, '\\$&');
 }
 
-function keyItem(key: Key): vscode.CompletionItem {
+function explain(key: Key): vscode.MarkdownString {
+  const [help, values, fallback] = [key.help, valuesOf(key), key.fallback].map(plain);
+  return new vscode.MarkdownString(
+    `**${key.key}**: ${help}\n\nValues: ${values}. Default: ${fallback}`,
+  );
+}
+
+/** In the order of the table. */
+function placeOf(index: number): string {
+  return String(index).padStart(3, '0');
+}
+
+function keyItem(key: Key, index: number): vscode.CompletionItem {
   const item = new vscode.CompletionItem(key.key, vscode.CompletionItemKind.Property);
   item.detail = `default ${key.fallback}`;
   item.documentation = explain(key);
   item.insertText = `${key.key} `;
+  item.sortText = placeOf(index);
   item.command = { command: 'editor.action.triggerSuggest', title: 'values' };
   return item;
 }
 
-function valueItem(value: string, key: Key): vscode.CompletionItem {
+function valueItem(value: string, index: number, key: Key): vscode.CompletionItem {
   const item = new vscode.CompletionItem(value, vscode.CompletionItemKind.EnumMember);
+  item.sortText = placeOf(index);
   if (value === key.fallback) item.detail = 'default';
   return item;
 }
@@ -72,7 +84,7 @@ export function helpWithConfigurations(readConfig: ReadConfig): vscode.Disposabl
         const key = word === undefined ? undefined : findKey(word);
         if (key === undefined) return keys.map(keyItem);
         const values = key.choices.length > 0 ? key.choices : [key.fallback];
-        return values.map((value) => valueItem(value, key));
+        return values.map((value, index) => valueItem(value, index, key));
       },
     }),
     vscode.languages.registerHoverProvider('qornrc', {

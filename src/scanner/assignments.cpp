@@ -47,13 +47,11 @@ int VhdlScanner::determineTargetLength(int typ, int orTyp) {
 }
 
 const VhdlToken* VhdlScanner::nextSemicolon() {
-  if (stopIndex.isBuilt()) return stopIndex.nextSemicolon();
   const VhdlToken* cursor = anchorToken();
-  const VhdlToken* token = cursor->getNext();
-  int steps = 0;
-  for (; token != nullptr && token->getTyp() != T_SEMICOLON; token = token->getNext()) ++steps;
-  token == nullptr ? stopIndex.build(cursor) : stopIndex.countSteps(cursor, token, steps);
-  return token;
+  if (stopIndex.isBuilt()) return stopIndex.nextSemicolon(cursor);
+  const Measure way = findSemicolon(cursor->getNext());
+  stopIndex.record(cursor, way);
+  return way.end;
 }
 
 int VhdlScanner::blanksBeforeAssignment(int typ, int orTyp) {

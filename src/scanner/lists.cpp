@@ -13,6 +13,20 @@
 namespace {
 
 constexpr int interfaceExtra = 9;  // an interface name may be longer than other names by this much
+constexpr int checkedWords = 256;  // tokens; as far as a debug build checks their column
+
+/** Do the words of a list have the blanks that put what follows them into one column? */
+[[maybe_unused]] bool hasWordColumn(const VhdlToken* ahead, int level, WordKind kind, int widest) {
+  const VhdlToken* token = ahead;
+  for (int steps = 0; steps < checkedWords; ++steps, token = token->getNext()) {
+    if (token == nullptr || endsList(*token, level)) return true;
+    const int width = wordWidth(kind, token->getTyp());
+    const VhdlToken* blank = token->getNext();
+    if (width == 0 || blank == nullptr || blank->getTyp() == T_EOF) continue;
+    if (blank->getTyp() != T_WHITESPACE || blank->textLength(1) != widest - width + 1) return false;
+  }
+  return true;
+}
 
 }  // namespace
 
@@ -135,28 +149,19 @@ int VhdlScanner::longestInterfaceName() const {
 }
 
 int VhdlScanner::LongestInterfaceIdentifier(int limit) {
+  const VhdlToken* cursor = anchorToken();
   const int level = getParenLevel();
   lookForInOutLinkage();
   const int classColumn = lookForSignalConstantVariable();
-  if (isLeftOpen(level)) return T_EOF;
-  if (!stopIndex.knowsNames(limit)) return walkOverNames(level, classColumn, limit);
-  return stopIndex.longestName(tokenList.getAnchor(), level, classColumn) + 1;
-}
-
-int VhdlScanner::walkOverNames(int level, int classColumn, int limit) {
-  const VhdlToken* cursor = tokenList.getAnchor();
-  if (cursor == nullptr) return T_EOF;
-  const NameWalk walk = walkOverInterfaceNames(cursor, level, classColumn, limit);
-  if (walk.end == nullptr) {
-    stopIndex.build(cursor);
-    return T_EOF;
-  }
-  stopIndex.countSteps(cursor, walk.end, walk.steps);
-  return walk.longest + 1;
+  if (cursor == nullptr || isLeftOpen(level)) return T_EOF;
+  if (stopIndex.knowsNames(limit)) return stopIndex.longestName(cursor, level, classColumn) + 1;
+  const Measure longest = measureNames(cursor->getNext(), level, classColumn, limit);
+  stopIndex.record(cursor, longest);
+  return longest.end == nullptr ? static_cast<int>(T_EOF) : longest.value + 1;
 }
 
 bool VhdlScanner::isLeftOpen(int level) const {
-  return stopIndex.isBuilt() && !stopIndex.hasListEnd(level);
+  return stopIndex.isBuilt() && !stopIndex.hasListEnd(anchorToken(), level);
 }
 
 void VhdlScanner::lookForInOutLinkage() { setWordColumn(MODE_WORD); }
@@ -165,12 +170,9 @@ int VhdlScanner::lookForSignalConstantVariable() { return setWordColumn(CLASS_WO
 
 int VhdlScanner::setWordColumn(WordKind kind) {
   const int level = getParenLevel();
+  if (anchorToken() == nullptr) return 0;
   if (stopIndex.isBuilt()) return setIndexedWordColumn(level, kind);
-  int widest = 0;
-  const VhdlToken* ahead = peekForward();
-  for (; ahead != nullptr && !endsList(*ahead, level); ahead = ahead->getNext()) {
-    widest = std::max(widest, wordWidth(kind, ahead->getTyp()));
-  }
+  const int widest = measureWords(peekForward(), level, kind);
   if (widest == 0) return 0;
   const AnchorGuard guard(tokenList);
   const VhdlToken* token = stepForward();
@@ -182,12 +184,16 @@ int VhdlScanner::setWordColumn(WordKind kind) {
 }
 
 int VhdlScanner::setIndexedWordColumn(int level, WordKind kind) {
-  const int widest = stopIndex.widestWord(level, kind);
-  const AnchorGuard guard(tokenList);
-  for (VhdlToken* word : stopIndex.wordsToSet(level, kind)) {
-    tokenList.setAnchor(word);
-    setNextSpaces(widest - wordWidth(kind, typAt(word)) + 1);
+  const VhdlToken* cursor = anchorToken();
+  const int widest = stopIndex.widestWord(cursor, level, kind);
+  {
+    const AnchorGuard guard(tokenList);
+    for (VhdlToken* word : stopIndex.wordsToSet(cursor, level, kind)) {
+      tokenList.setAnchor(word);
+      setNextSpaces(widest - wordWidth(kind, typAt(word)) + 1);
+    }
   }
+  assert(hasWordColumn(cursor->getNext(), level, kind, widest));
   return widest;
 }
 
@@ -223,50 +229,25 @@ void VhdlScanner::AssociationList(int level) {
 }
 
 int VhdlScanner::LongestAssociationIdentifier(int& hasArrow) {
-  const int level = getParenLevel();
-  if (isLeftOpen(level)) return T_EOF;
   const VhdlToken* cursor = anchorToken();
-  int length = 0;
-  int longest = 0;
-  for (const VhdlToken* token = peekForward(); token != nullptr; token = token->getNext()) {
-    const int typ = token->getTyp();
-    if (endsList(*token, level)) return longest + 2;
-    if (isSpacing(typ)) continue;
-    if (typ == T_ARROW) {
-      if (length > longest && length < settings.identLength) longest = length;
-      length = 0;
-      hasArrow = 1;
-    } else if (typ == T_COMMA || typ == T_SEMICOLON) {
-      length = token->getParenLevel() <= level ? 0 : addColumns(length, 2);
-    } else if (typ == T_RPAREN) {
-      length = addColumns(length, 1);
-    } else {
-      length = addColumns(length, token->textLength(1));
-    }
-  }
-  if (cursor != nullptr) stopIndex.build(cursor);
+  const int level = getParenLevel();
+  if (cursor == nullptr || isLeftOpen(level)) return T_EOF;
+  const Measure longest = measureFormals(cursor->getNext(), level, settings.identLength, hasArrow);
+  if (longest.end != nullptr) return longest.value + 2;
+  stopIndex.build(cursor);
   return T_EOF;
 }
 
 int VhdlScanner::CountListEntries(int level, int separator, int stop) {
+  const VhdlToken* cursor = anchorToken();
+  if (cursor == nullptr) return 0;
   if (stopIndex.isBuilt()) {
     assert(separator == T_COMMA);  // the only separator that is indexed
-    return stopIndex.countEntries(level, stop);
+    return stopIndex.countEntries(cursor, level, stop);
   }
-  const VhdlToken* cursor = anchorToken();
-  int count = 1;
-  int steps = 0;
-  for (const VhdlToken* token = peekForward(); token != nullptr;
-       token = token->getNext(), ++steps) {
-    if (token->getParenLevel() > level) continue;
-    if (token->getTyp() == stop) {
-      stopIndex.countSteps(cursor, token, steps);
-      return std::min(count, severalEntries);
-    }
-    if (token->getTyp() == separator) ++count;
-  }
-  if (cursor != nullptr) stopIndex.build(cursor);
-  return 0;
+  const Measure entries = countEntries(cursor->getNext(), level, separator, stop);
+  stopIndex.record(cursor, entries);
+  return entries.value;
 }
 
 void VhdlScanner::WrappedList(int level, int separator, int stop) {

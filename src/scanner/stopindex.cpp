@@ -10,37 +10,7 @@ namespace {
 
 constexpr int longWalk = 512;     // tokens
 constexpr int longWalksMax = 16;  // up to this many over one stretch are cheaper than the index
-
-constexpr auto wordWidths = [] {
-  TokenTable<std::array<std::int16_t, 2>> widths({0, 0});
-  // clang-format off
-  widths[T_IN]      [MODE_WORD] = 3;
-  widths[T_OUT]     [MODE_WORD] = 4;
-  widths[T_INOUT]   [MODE_WORD] = 6;
-  widths[T_BUFFER]  [MODE_WORD] = 7;
-  widths[T_LINKAGE] [MODE_WORD] = 8;
-  widths[T_FILE]    [CLASS_WORD] = 5;
-  widths[T_ALIAS]   [CLASS_WORD] = 6;
-  widths[T_GROUP]   [CLASS_WORD] = 6;
-  widths[T_SIGNAL]  [CLASS_WORD] = 7;
-  widths[T_CONSTANT][CLASS_WORD] = 9;
-  widths[T_VARIABLE][CLASS_WORD] = 9;
-  // clang-format on
-  return widths;
-}();
-
-constexpr auto nameRoles = [] {
-  TokenTable<NameRole> roles(NAME_PART);
-  for (int typ = 0; typ < tokenCodeCount; ++typ) {
-    if (isClassWord(typ)) roles[typ] = NAME_CLASS;
-    if (isSpacing(typ)) roles[typ] = NAME_NOTHING;
-  }
-  for (const int typ : {T_COLON, T_COMMA, T_EQUAL}) roles[typ] = NAME_END;
-  for (const int typ : {T_INTERFACE_SUBPROGRAM, T_INTERFACE_PACKAGE}) roles[typ] = NAME_NONE;
-  roles[T_SEMICOLON] = NAME_DROPPED;
-  roles[T_RPAREN] = NAME_NOTHING;
-  return roles;
-}();
+constexpr int checkedWalk = 256;  // tokens; as far as a debug build checks answers
 
 bool endsName(int typ) { return nameRole(typ) == NAME_END || nameRole(typ) == NAME_DROPPED; }
 
@@ -48,39 +18,21 @@ bool endsName(int typ) { return nameRole(typ) == NAME_END || nameRole(typ) == NA
     stop is passed between any two of these look-aheads. */
 bool isStop(int typ) {
   return endsName(typ) || typ == T_END || typ == T_RPAREN || typ == T_LPAREN || typ == T_RECORD ||
-         wordWidths[typ][MODE_WORD] > 0 || wordWidths[typ][CLASS_WORD] > 0;
+         wordWidth(MODE_WORD, typ) > 0 || wordWidth(CLASS_WORD, typ) > 0;
+}
+
+/** Is the token, or the end of the file for null, too far ahead of the cursor for a walk to check
+   an answer? The index is there for sources in which all such walks together would take too long.
+ */
+[[maybe_unused]] bool isFar(const VhdlToken* cursor, const VhdlToken* token) {
+  const VhdlToken* node = cursor->getNext();
+  for (int steps = 0; steps < checkedWalk; ++steps, node = node->getNext()) {
+    if (node == token || node == nullptr) return false;
+  }
+  return true;
 }
 
 }  // namespace
-
-NameRole nameRole(int typ) { return nameRoles[typ]; }
-
-int wordWidth(WordKind kind, int typ) { return wordWidths[typ][kind]; }
-
-NameWalk walkOverInterfaceNames(const VhdlToken* cursor, int level, int classColumn, int limit) {
-  NameWalk walk;
-  int length = 0;
-  for (const auto* node = cursor->getNext(); node != nullptr; node = node->getNext()) {
-    const VhdlToken& token = *node;
-    if (endsList(token, level)) {
-      walk.end = node;
-      return walk;
-    }
-    ++walk.steps;
-    switch (nameRole(token.getTyp())) {
-      case NAME_PART: length = addColumns(length, token.textLength(1)); break;
-      case NAME_CLASS: length = addColumns(length, classColumn); break;
-      case NAME_NONE: length = INT_MAX; break;
-      case NAME_END:
-        if (length > walk.longest && length <= limit) walk.longest = length;
-        length = 0;
-        break;
-      case NAME_DROPPED: length = 0; break;
-      case NAME_NOTHING: break;
-    }
-  }
-  return walk;
-}
 
 // --- Building ---
 
@@ -107,10 +59,13 @@ void StopIndex::reset(int longestName) {
   longestCounted = longestName;
 }
 
-void StopIndex::countSteps(const VhdlToken* cursor, const VhdlToken* end, int steps) {
-  if (steps <= longWalk) return;
-  if (awaited == nullptr) {
-    awaited = end;
+void StopIndex::record(const VhdlToken* cursor, const Measure& walk) {
+  if (walk.end == nullptr) {
+    build(cursor);
+  } else if (walk.steps <= longWalk) {
+    return;
+  } else if (awaited == nullptr) {
+    awaited = walk.end;
     overlaps = 0;
   } else if (++overlaps > longWalksMax) {
     build(cursor);
@@ -151,7 +106,9 @@ StopIndex::Summary StopIndex::summarize(const Stop& stop, const Stop& nameStart)
   if (typ == T_COMMA) summary.lowestComma = level;
   if (typ == T_RPAREN) summary.lowestClose = level;
   summary.hasEnd = typ == T_END;
-  summary.widest = wordWidths[typ];
+  for (const WordKind kind : {MODE_WORD, CLASS_WORD}) {
+    summary.widest[kind] = static_cast<std::int16_t>(wordWidth(kind, typ));
+  }
   summary.hasNameEnd = endsName(typ);
   if (nameRole(typ) == NAME_END) {
     for (std::size_t i = 0; i < classColumns.size(); ++i) {
@@ -183,32 +140,45 @@ void StopIndex::goBackTo(std::size_t place) {
 
 // --- Searches ---
 
-VhdlToken* StopIndex::nextSemicolon() const {
+VhdlToken* StopIndex::nextSemicolon(const VhdlToken* cursor) const {
   const auto isSemicolon = [](const Summary& summary) { return summary.lowestSemicolon < INT_MAX; };
-  return stops[summaries.findFirst(next, isSemicolon)].node;
+  VhdlToken* found = stops[summaries.findFirst(next, isSemicolon)].node;
+  assert(isFar(cursor, found) || found == findSemicolon(cursor->getNext()).end);
+  return found;
 }
 
-int StopIndex::countEntries(int level, int stop) const {
+int StopIndex::countEntries(const VhdlToken* cursor, int level, int stop) const {
   const std::size_t end = summaries.findFirst(next, [level, stop](const Summary& summary) {
     return (stop == T_RPAREN ? summary.lowestClose : summary.lowestSemicolon) <= level;
   });
-  if (end == summaries.size()) return 0;
-  return summaries.collect(next, end).lowestComma <= level ? severalEntries : 1;
+  int count = 0;
+  if (end < summaries.size()) {
+    count = summaries.collect(next, end).lowestComma <= level ? severalEntries : 1;
+  }
+  assert(isFar(cursor, stops[end].node) ||
+         count == ::countEntries(cursor->getNext(), level, T_COMMA, stop).value);
+  return count;
 }
 
-std::size_t StopIndex::listEnd(int level) const {
-  return summaries.findFirst(next, [level](const Summary& summary) {
+std::size_t StopIndex::listEnd(const VhdlToken* cursor, int level) const {
+  const std::size_t end = summaries.findFirst(next, [level](const Summary& summary) {
     return summary.hasEnd || summary.lowestClose <= level;
   });
+  assert(isFar(cursor, stops[end].node) ||
+         stops[end].node == findListEnd(cursor->getNext(), level));
+  return end;
 }
 
-int StopIndex::widestWord(int level, WordKind kind) const {
-  return summaries.collect(next, listEnd(level)).widest[kind];
+int StopIndex::widestWord(const VhdlToken* cursor, int level, WordKind kind) const {
+  const std::size_t end = listEnd(cursor, level);
+  const int widest = summaries.collect(next, end).widest[kind];
+  assert(isFar(cursor, stops[end].node) || widest == measureWords(cursor->getNext(), level, kind));
+  return widest;
 }
 
-std::vector<VhdlToken*> StopIndex::wordsToSet(int level, WordKind kind) {
-  const std::size_t end = listEnd(level);
-  const int width = widestWord(level, kind);
+std::vector<VhdlToken*> StopIndex::wordsToSet(const VhdlToken* cursor, int level, WordKind kind) {
+  const std::size_t end = listEnd(cursor, level);
+  const int width = widestWord(cursor, level, kind);
   auto& stretches = setStretches[kind];
   while (!stretches.empty() && stretches.back().end <= next) stretches.pop_back();
   std::vector<VhdlToken*> words;
@@ -225,13 +195,14 @@ std::vector<VhdlToken*> StopIndex::wordsToSet(int level, WordKind kind) {
 }
 
 int StopIndex::longestName(const VhdlToken* cursor, int level, int classColumn) const {
-  const int longest = searchLongestName(cursor, level, classColumn);
-  assert(longest == walkOverInterfaceNames(cursor, level, classColumn, longestCounted).longest);
+  const std::size_t end = listEnd(cursor, level);
+  const int longest = searchLongestName(cursor, end, classColumn);
+  assert(isFar(cursor, stops[end].node) ||
+         longest == measureNames(cursor->getNext(), level, classColumn, longestCounted).value);
   return longest;
 }
 
-int StopIndex::searchLongestName(const VhdlToken* cursor, int level, int classColumn) const {
-  const std::size_t end = listEnd(level);
+int StopIndex::searchLongestName(const VhdlToken* cursor, std::size_t end, int classColumn) const {
   const std::size_t first =
       summaries.findFirst(next, [](const Summary& summary) { return summary.hasNameEnd; });
   if (first >= end) return 0;
@@ -241,7 +212,9 @@ int StopIndex::searchLongestName(const VhdlToken* cursor, int level, int classCo
   }
   const bool counts = nameRole(typAt(stops[first].node)) == NAME_END;
   const int firstName = counts ? nameLength(columns, stops[next], stops[first], classColumn) : 0;
-  const auto width = std::ranges::find(classColumns, classColumn);  // any without class words
-  const auto kind = static_cast<std::size_t>(width - classColumns.begin()) % classColumns.size();
-  return std::max(firstName, summaries.collect(first + 1, end).longest[kind]);
+  // Without class words every total is the same.
+  const auto* width = std::ranges::find(classColumns, classColumn);
+  const auto kind = width == classColumns.end() ? 0 : width - classColumns.begin();
+  const Summary others = summaries.collect(first + 1, end);
+  return std::max(firstName, others.longest[static_cast<std::size_t>(kind)]);
 }

@@ -20,43 +20,8 @@
 #include <vector>
 
 #include "base/blocktree.h"
+#include "scanner/lookahead.h"
 #include "tokens/vhdltoken.h"
-
-constexpr int severalEntries = 2;  // no more are counted
-
-/** The words of an interface list that claim columns, which all its entries then reserve. */
-enum WordKind : unsigned { MODE_WORD, CLASS_WORD };
-
-/** The role of a token in the names of an interface list. */
-enum NameRole : std::uint8_t {
-  NAME_PART,     // counts
-  NAME_CLASS,    // a class word, which counts as wide as the column of class words
-  NAME_NONE,     // not part of a name; what contains it counts as too long for one
-  NAME_END,      // the preceding name is complete
-  NAME_DROPPED,  // what precedes was no name
-  NAME_NOTHING,  // does not count
-};
-[[nodiscard]] NameRole nameRole(int typ);
-
-/** Does a list end at this token, if a look-ahead for its end began at `level`? */
-[[nodiscard]] inline bool endsList(const VhdlToken& token, int level) {
-  const int typ = token.getTyp();
-  return typ == T_END || (typ == T_RPAREN && token.getParenLevel() <= level);
-}
-
-/** What a walk over the names of an interface list finds. */
-struct NameWalk {
-  int longest = 0;                 // columns; names wider than the limit don't count
-  int steps = 0;                   // tokens passed
-  const VhdlToken* end = nullptr;  // the token that ends the list; null if none does
-};
-
-/** Walks over the list after a node; each class word counts as `classColumn`. */
-[[nodiscard]] NameWalk walkOverInterfaceNames(const VhdlToken* cursor, int level, int classColumn,
-                                              int limit);
-
-/** Columns that a word of that kind claims, itself and one blank; 0 for all other tokens. */
-[[nodiscard]] int wordWidth(WordKind kind, int typ);
 
 class StopIndex {
  public:
@@ -67,9 +32,9 @@ class StopIndex {
   bool knowsNames(int longestName) const { return isBuilt() && longestName == longestCounted; }
   /** Indexes everything after the node that the cursor is on. */
   void build(const VhdlToken* cursor);
-  /** Records a look-ahead over that many tokens that stopped at `end`; several long ones over one
-      stretch build the index. */
-  void countSteps(const VhdlToken* cursor, const VhdlToken* end, int steps);
+  /** To be called with each walk. One that found no end builds the index, and so do several long
+      ones over one stretch. */
+  void record(const VhdlToken* cursor, const Measure& walk);
   /** To be called with every token that the cursor passes, blanks, line ends and comments aside. */
   void pass(const VhdlToken* node) {
     if (node == awaited) goOn();
@@ -78,28 +43,28 @@ class StopIndex {
   [[nodiscard]] std::size_t getPlace() const { return next; }
   void goBackTo(std::size_t place);
 
-  // --- Once built ---
+  // --- Once built: the answers that the walks of lookahead.h would give from `cursor` on. A debug
+  // --- build compares them, unless the walk would be long. Requires: the cursor is on that node.
 
   /** The next semicolon ahead, or null. */
-  [[nodiscard]] VhdlToken* nextSemicolon() const;
-  /** The entries up to the next `stop`, a semicolon or a closing parenthesis, each on at most that
-      level and separated by commas; no more than severalEntries are counted. 0 if it never
-      comes. */
-  [[nodiscard]] int countEntries(int level, int stop) const;
+  [[nodiscard]] VhdlToken* nextSemicolon(const VhdlToken* cursor) const;
+  /** The entries up to the next `stop`, a semicolon or a closing parenthesis, separated by commas;
+     0 if it never comes. */
+  [[nodiscard]] int countEntries(const VhdlToken* cursor, int level, int stop) const;
 
-  // The list ahead ends at `end` or at a closing parenthesis of at most that level; if left open,
-  // at the end of the index.
+  // The list ahead of the cursor; if it is left open, everything ahead.
 
-  [[nodiscard]] bool hasListEnd(int level) const { return listEnd(level) < stops.size() - 1; }
-  /** The widest word of a kind in the list ahead, 0 without one. */
-  [[nodiscard]] int widestWord(int level, WordKind kind) const;
-  /** The words of a kind in the list ahead, whose blanks the caller must set for the widest of
-      them; none if an earlier call has already had them set that way. */
-  [[nodiscard]] std::vector<VhdlToken*> wordsToSet(int level, WordKind kind);
-  /** The longest name of the list ahead, each class word counted as `classColumn`; the same as
-      walkOverInterfaceNames finds, which a debug build checks. Requires: the list has an end, the
-      cursor is on that node, and `classColumn` is the width of the widest class word in the
-      list. */
+  [[nodiscard]] bool hasListEnd(const VhdlToken* cursor, int level) const {
+    return listEnd(cursor, level) < stops.size() - 1;
+  }
+  /** The largest width that a word claims, 0 without one. */
+  [[nodiscard]] int widestWord(const VhdlToken* cursor, int level, WordKind kind) const;
+  /** The words of a kind, whose blanks the caller must set for the widest of them; none if an
+      earlier call has already had them set that way. */
+  [[nodiscard]] std::vector<VhdlToken*> wordsToSet(const VhdlToken* cursor, int level,
+                                                   WordKind kind);
+  /** The longest name. Requires: the list has an end, and `classColumn` is the largest width that a
+      class word in it claims. */
   [[nodiscard]] int longestName(const VhdlToken* cursor, int level, int classColumn) const;
 
  private:
@@ -132,8 +97,8 @@ class StopIndex {
   Summary summarize(const Stop& stop, const Stop& nameStart) const;
   /** The length of a name between two stops; 0 if it is too long to count. */
   int nameLength(long long columns, const Stop& from, const Stop& to, int classColumn) const;
-  std::size_t listEnd(int level) const;
-  int searchLongestName(const VhdlToken* cursor, int level, int classColumn) const;
+  std::size_t listEnd(const VhdlToken* cursor, int level) const;
+  int searchLongestName(const VhdlToken* cursor, std::size_t end, int classColumn) const;
 
   std::vector<Stop> stops;       // in the order of the list, ending with an entry without a node
   BlockTree<Summary> summaries;  // of the stops except the last entry

@@ -313,7 +313,6 @@ class VhdlScanner {
   /** The measuring functions look ahead from the anchor, which stays; T_EOF if the list never ends.
       Names longer than the limit don't count. */
   int LongestInterfaceIdentifier(int limit);
-  int walkOverNames(int level, int classColumn, int limit);
   int LongestAssociationIdentifier(int& hasArrow);
   /** Set the blanks after the mode or class words of the list ahead; the latter returns the width
       of the class column, 0 without class words. */

@@ -11,17 +11,14 @@ std::span<char> VhdlToken::newText(std::string_view text, Arena& arena) {
 }
 
 void VhdlToken::setFormatText(std::span<char> replacement, Arena& arena) {
-  if (!hasTexts) {
-    texts = ::new (arena.take(sizeof(Texts))) Texts{text, replacement};
-    hasTexts = true;
-  }
-  texts->format = replacement;
-  format = OWN_TEXT;
+  if (printed != OWN_TEXT) texts = ::new (arena.take(sizeof(Texts))) Texts{text, nullptr};
+  texts->format = replacement.data();
+  print(OWN_TEXT, static_cast<int>(replacement.size()));
 }
 
 std::span<char> VhdlToken::ownText(Arena& arena) {
-  if (format != OWN_TEXT) setFormatText(viewText(1), arena);
-  return texts->format;
+  if (printed != OWN_TEXT) setFormatText(viewText(1), arena);
+  return {texts->format, static_cast<std::size_t>(printedLength)};
 }
 
 void VhdlToken::deleteSpaces(Arena& arena) {

@@ -3,8 +3,8 @@
 //
 // A record copies no text. Its source text is in the source or, if tabs were expanded, in the
 // storage of the list. Its format text is nearly always a run of blanks, a line end or nothing,
-// which one number encodes, so that a run of blanks costs the same whatever its length. With texts
-// of its own a record would take two thirds more memory, and the formatter a third more
+// which a few bits and a number tell, so that a run of blanks costs the same whatever its length.
+// With texts of its own a record would take two thirds more memory, and the formatter a third more
 // instructions.
 #ifndef QORN_TOKENS_VHDLTOKEN_H
 #define QORN_TOKENS_VHDLTOKEN_H
@@ -68,10 +68,12 @@ class VhdlToken : public OldListItem<VhdlToken> {
   // With `formatted` 1 the effective text: the format text once one was set, else the source text.
   // With 0 the source text.
 
+  // A token that is given a text of its own is given no other from then on.
+
   /** Sets what is printed instead of the source text: the empty text or a line end. */
   void setFormatText(std::string_view replacement) {
     assert(replacement.empty() || replacement == "\n");
-    format = replacement.empty() ? 0 : LINE_END;
+    print(replacement.empty() ? BLANKS : LINE_END, static_cast<int>(replacement.size()));
   }
   /** The same for any text, which is copied into the arena. */
   void setFormatText(std::string_view replacement, Arena& arena) {
@@ -84,30 +86,25 @@ class VhdlToken : public OldListItem<VhdlToken> {
   /** The effective text, which from now on the token may change. */
   std::span<char> ownText(Arena& arena);
   /** As setFormatText with that many blanks; with the empty text for 0 or less. */
-  void setFormatBlanks(int count) { format = count > 0 ? count : 0; }
-  bool isFormatted() const { return format != UNFORMATTED; }
+  void setFormatBlanks(int count) { print(BLANKS, count > 0 ? count : 0); }
+  bool isFormatted() const { return printed >= BLANKS; }
   /** In bytes. */
-  int textLength(int formatted) const {
-    if (formatted == 0 || format == UNFORMATTED) return length;
-    if (format >= 0) return format;
-    return format == LINE_END ? 1 : static_cast<int>(texts->format.size());
-  }
+  int textLength(int formatted) const { return formatted == 0 ? length : printedLength; }
   /** The number of blanks if the text is empty or was set as a count of blanks, else -1. */
   int countBlanks(int formatted) const {
-    if (formatted != 0 && format != UNFORMATTED) return format >= 0 ? format : -1;
-    return sourceText() == nullptr ? length : -1;
+    if (formatted == 0) return sourceText() == nullptr ? length : -1;
+    return printed == SOURCE_BLANKS || printed == BLANKS ? printedLength : -1;
   }
   /** Requires: the text is empty or not a count of blanks. */
   std::string_view viewText(int formatted) const {
     assert(countBlanks(formatted) <= 0);
-    if (formatted == 0 || format == UNFORMATTED) {
-      return {sourceText(), static_cast<std::size_t>(length)};
-    }
-    return format == LINE_END ? lineEnd : ownFormatText();
+    if (formatted == 0) return {sourceText(), static_cast<std::size_t>(length)};
+    return {printedText(), static_cast<std::size_t>(printedLength)};
   }
   /** Does its text contain a tab? Those of blanks, comments and attributes have been expanded. */
-  bool holdsTabs() const { return hasTabs; }
-  void setHoldsTabs(bool holds) { hasTabs = holds; }
+  bool holdsTabs() const { return printed == TABBED_TEXT; }
+  /** Requires: the token is unformatted and has a source text. */
+  void setHoldsTabs(bool holds) { printed = holds ? TABBED_TEXT : SOURCE_TEXT; }
   /** Removes the space characters from the effective text. */
   void deleteSpaces(Arena& arena);
 
@@ -145,39 +142,56 @@ class VhdlToken : public OldListItem<VhdlToken> {
   void trimmComment(int width, std::string_view pair, Arena& arena);
 
  private:
-  enum Format : int { UNFORMATTED = -1, LINE_END = -2, OWN_TEXT = -3 };  // else a count of blanks
+  /** What the effective text is: that of the source up to SOURCE_BLANKS. */
+  enum Printed : std::uint8_t {
+    SOURCE_TEXT,
+    TABBED_TEXT,
+    SOURCE_BLANKS,
+    BLANKS,
+    LINE_END,
+    OWN_TEXT,
+  };
 
-  /** Both texts of a token with a format text of any other kind. */
+  /** Both texts of a token with one of its own. */
   struct Texts {
     const char* source;
-    std::span<char> format;
+    char* format;
   };
 
   VhdlToken(int code, int line, int level, const char* source, int size)
       : text(source),
         length(size),
+        printedLength(size),
         typ(static_cast<std::int16_t>(code)),
+        printed(source == nullptr ? SOURCE_BLANKS : SOURCE_TEXT),
         place(level),
         lineNo(line) {}
-  static constexpr char lineEndRoom[1 + textPadding] = "\n";
-  static constexpr std::string_view lineEnd{lineEndRoom, 1};
-
-  std::string_view ownFormatText() const {
-    if (format != OWN_TEXT) return {};
-    return {texts->format.data(), texts->format.size()};
+  void print(Printed kind, int size) {
+    assert(printed != OWN_TEXT || kind == OWN_TEXT);
+    printed = kind;
+    printedLength = size;
   }
-  const char* sourceText() const { return hasTexts ? texts->source : text; }
+  static constexpr char lineEndRoom[1 + textPadding] = "\n";
+
+  const char* sourceText() const { return printed == OWN_TEXT ? texts->source : text; }
+  const char* printedText() const {
+    switch (printed) {
+      case LINE_END: return lineEndRoom;
+      case OWN_TEXT: return texts->format;
+      case BLANKS: return nullptr;
+      default: return text;
+    }
+  }
 
   union {
     const char* text;  // from the source, tabs expanded; null stands for blanks
-    Texts* texts;      // with hasTexts
+    Texts* texts;      // of OWN_TEXT
   };
-  int length;                // of the source text, in bytes
-  int format = UNFORMATTED;  // what is printed instead
+  int length;         // of the source text, in bytes
+  int printedLength;  // of the effective text, in bytes
   std::int16_t typ;
   std::int8_t gravity = 1;  // wrap priority; written by VhdlScanner::getNextToken
-  bool hasTexts : 1 = false;
-  bool hasTabs : 1 = false;
+  Printed printed;
   // Parenthesis depth, 1 inside the outermost pair, for the layout of lines; from wrapping on,
   // which no longer needs it, a column. Two numbers would take a seventh more memory.
   int place;

@@ -90,12 +90,6 @@ std::size_t matchBlanks(const char* at) {
   return static_cast<std::size_t>(here - at);
 }
 
-std::size_t matchSpaces(const char* at) {
-  const char* here = at;
-  while (*here == ' ') ++here;
-  return static_cast<std::size_t>(here - at);
-}
-
 std::size_t matchInteger(const char* at) { return matchDigits(at, DIGIT); }
 
 std::size_t matchDecimal(const char* at) {

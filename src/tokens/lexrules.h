@@ -44,8 +44,6 @@ constexpr auto charClasses = [] {
 [[nodiscard]] std::size_t matchBlanks(const char* at);
 /** Digits, each with at most one `_` before it. */
 [[nodiscard]] std::size_t matchInteger(const char* at);
-/** Space characters only. */
-[[nodiscard]] std::size_t matchSpaces(const char* at);
 /** Decimal literal with fraction and exponent; a negative exponent needs the fraction. */
 [[nodiscard]] std::size_t matchDecimal(const char* at);
 /** Based literal, between `#` or between `:`. */

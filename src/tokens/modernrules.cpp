@@ -62,7 +62,7 @@ Match matchOperator(const char* at) {
   for (const Operator& candidate : operators) {
     if (startsWith(at, candidate.text)) return {candidate.typ, candidate.text.size()};
   }
-  return {0, 0};
+  return noMatch;
 }
 
 Match matchModernBitString(const char* at) {
@@ -71,9 +71,9 @@ Match matchModernBitString(const char* at) {
   const char sign = asciiUpper(*base);
   if (sign == 'U' || sign == 'S') ++base;
   const int digits = digitsOfBase(base);
-  if (digits == 0 || (base[1] != '"' && base[1] != '%')) return {0, 0};
+  if (digits == 0 || (base[1] != '"' && base[1] != '%')) return noMatch;
   const std::size_t value = matchString(base + 1);
-  if (value == 0) return {0, 0};
+  if (value == 0) return noMatch;
   const std::string_view text(base + 2, value - 2);
   const bool isNumber = std::ranges::all_of(
       text, [digits](char digit) { return hasClass(digit, digits) || digit == '_'; });

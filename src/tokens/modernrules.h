@@ -6,13 +6,13 @@
 
 #include <cstddef>
 
-/** A token and its length; both 0 if there is none. */
 struct Match {
   int typ;
   std::size_t length;
 };
+constexpr Match noMatch{0, 0};
 
-/** The longest operator: of matching relations, external names or properties. */
+/** The longest operator, or noMatch: of matching relations, external names or properties. */
 [[nodiscard]] Match matchOperator(const char* at);
 /** A bit string with a length, a sign or a base of its own, or with characters other than digits.
     Only one whose characters are digits of its base may change case: a metavalue may not. */

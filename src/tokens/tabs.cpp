@@ -5,15 +5,15 @@
 
 #include "base/fatal.h"
 
-int TabExpander::countBlanks(std::string_view text) {
+int TabExpander::passBlanks(const char*& at) {
+  const char* here = at;
   long end = column;
-  for (const char blank : text) {
-    if (blank != ' ' && blank != '\t') return -1;
-    end += blank == ' ' ? 1 : toNextStop(end);
-  }
+  for (; *here == ' ' || *here == '\t'; ++here) end += *here == ' ' ? 1 : toNextStop(end);
+  if (*here == '\v' || *here == '\f') return -1;
   const long count = end - column;
   if (count >= INT_MAX) outOfMemory();  // lengths are integers
   column = end;
+  at = here;
   return static_cast<int>(count);
 }
 

@@ -21,9 +21,9 @@ class TabExpander {
   void setColumn(long place) { column = place; }
   /** Advances the column over characters that are not tabs to be expanded. */
   void advance(std::size_t count) { column += static_cast<long>(count); }
-  /** The width of a text of blanks and tabs, by which the column is advanced; -1 for any other
-      text, with the column unchanged. */
-  [[nodiscard]] int countBlanks(std::string_view text);
+  /** The width of the blanks and tabs at `at`, past which it and the column are advanced; -1, with
+      both unchanged, if a vertical tab or a form feed comes next. */
+  [[nodiscard]] int passBlanks(const char*& at);
   /** The text with tabs expanded to blanks up to the next tab stop. Advances the column over it.
       The result is the text itself, or is in `YYbuf` until the next call. */
   std::string_view ReplaceTabs(std::string_view text);

@@ -2,18 +2,54 @@
 // ones the more specific. A NUL byte ends the stored text of its token.
 #include "tokens/vhdllexer.h"
 
-#include <algorithm>
 #include <array>
 #include <climits>
-#include <vector>
 
 #include "base/fatal.h"
 #include "tokens/lexrules.h"
-#include "tokens/modernrules.h"
+#include "tokens/moderncontext.h"
 #include "tokens/tokencodes.h"
 #include "tokens/vhdltoken.h"
 
 namespace {
+
+/** What a token may be, by its first character. */
+enum Start : unsigned char {
+  START_MARK,  // delimiters and all characters without a rule of their own
+  START_WORD,
+  START_NUMBER,
+  START_BLANK,
+  START_LINE_END,
+  START_RETURN,
+  START_OPENING,
+  START_CLOSING,
+  START_HYPHEN,
+  START_TICK,
+  START_STRING,
+  START_EXTENDED,
+  START_BAR,
+};
+
+constexpr auto starts = [] {
+  std::array<Start, 256> table{};
+  table.fill(START_MARK);
+  for (unsigned i = 0; i < table.size(); ++i) {
+    const auto character = static_cast<char>(i);
+    if (hasClass(character, LETTER)) table[i] = START_WORD;
+    if (hasClass(character, DIGIT)) table[i] = START_NUMBER;
+    if (hasClass(character, BLANK)) table[i] = START_BLANK;
+  }
+  table['\n'] = START_LINE_END;
+  table['\r'] = START_RETURN;
+  table['('] = START_OPENING;
+  table[')'] = START_CLOSING;
+  table['-'] = START_HYPHEN;
+  table['\''] = START_TICK;
+  table['"'] = table['%'] = START_STRING;
+  table['\\'] = START_EXTENDED;
+  table['!'] = START_BAR;
+  return table;
+}();
 
 /** A character that is a token on its own, or together with one of two others after it. */
 struct Punctuation {
@@ -51,14 +87,6 @@ constexpr auto punctuations = [] {
 constexpr char barRoom[1 + VhdlToken::textPadding] = "|";
 constexpr std::string_view barText(barRoom, 1);
 
-/** The rule has appended its token, or there was none. */
-constexpr Match alreadyAdded{T_UNKNOWN, 0};
-
-/** No rule matched. */
-constexpr Match noMatch{0, 0};
-
-Match orNoMatch(Match match) { return match.length > 0 ? match : noMatch; }
-
 /** Splits one source into tokens; `isModern` selects the editions whose rules apply, and a source
     of an older one pays nothing for the newer rules. No rule matches past the end of the source: a
     line feed follows it. */
@@ -66,40 +94,37 @@ template <bool isModern>
 class Lexer {
  public:
   Lexer(const SourceText& source, LexState& counters, TokenList& list)
-      : begin(source.begin()),
-        at(begin),
+      : at(source.begin()),
         end(source.end()),
         isOdd(source.view().find('\0') != std::string_view::npos || source.view().size() > INT_MAX),
         state(counters),
-        yytoklist(list) {}
-  /** Adds all tokens of the source, T_EOF last. Flattened, or the two instances would call shared
-      rules. */
-  [[gnu::flatten]] void addTokens();
+        yytoklist(list),
+        context(source, counters.parenLevel) {}
+  /** Adds all tokens of the source, T_EOF last. */
+  void addTokens();
 
  private:
-  // Each returns the token at `at`. Rules whose text differs from the source append the token
-  // themselves, advance past it and return alreadyAdded.
-  Match matchNext();
-  Match matchWord();
-  Match matchWhitespace();
-  Match matchNumber() const;
-  Match matchSpecial();
-  Match matchEnd();
-  Match matchCommentOrDelimiter();
-  Match matchTick();
-  Match matchPunctuation() const;
-  Match orPunctuation(Match match) const;
+  // Each adds the token at `at` and advances past it.
+  void addNext();
+  bool addModern();
+  void addWord();
+  void addNumber();
+  void addWhitespace();
+  void addLineEnd();
+  void addOpening();
+  void addClosing();
+  void addCommentOrDelimiter();
+  void addTick();
+  void addBar();
+  void addMark();
+  /** With a length of 0, the mark alone. */
+  void addVerbatimOrMark(int typ, std::size_t length);
 
-  // What only the newer editions have; `noMatch` if the older rules are to be tried.
-  Match matchModern();
-  Match matchModernMark();
-  Match matchBrace();
-  Match matchOpenComment();
-  Match matchProtected();
-  Match matchDirective();
-  Match openComment();
-  /** The code of a word whose meaning depends on the context. */
-  int typInContext(int word);
+  void add(int typ, std::size_t length);
+  /** A text that may contain tabs and keeps them. */
+  void addVerbatim(int typ, std::size_t length);
+  /** A text in which tabs become blanks. */
+  VhdlToken& addExpanded(int typ, std::size_t length);
 
   /** Returns the text of that length and advances past it. */
   std::string_view take(std::size_t length) {
@@ -110,30 +135,18 @@ class Lexer {
     return text;
   }
   static std::string_view storable(std::string_view text);
-  void add(Match match);
   /** Adds a token with a text that need not be the source's, or with a number of blanks. */
   template <typename Text>
   VhdlToken& addToken(int typ, Text text) {
     return *yytoklist.addItemLast(typ, state.line, state.parenLevel, text);
   }
-  /** Adds a token in whose text tabs have become blanks. */
-  VhdlToken& addExpanded(int typ, std::size_t length);
-  Match addBlanks(std::size_t length);
 
-  const char* begin;
   const char* at;
   const char* end;
   bool isOdd;  // does the source hold NUL bytes, or texts too long for an integer?
-  bool isEnded = false;
-  const char* pathDot = nullptr;     // the dot that opens the path of an external name
-  bool awaitsUnit = false;           // has the head of a verification unit begun?
-  bool isInRepetition = false;       // is a bracket of a sequence open?
-  bool isProtected = false;          // does text for other tools follow?
-  const char* commentEnd = nullptr;  // of the current delimited comment
-  int braceLevel = 0;                // of sequences
-  std::vector<int> branchLevels;     // of parentheses, before each open conditional directive
   LexState& state;
   TokenList& yytoklist;
+  ModernContext context;
 };
 
 template <bool isModern>
@@ -143,18 +156,17 @@ std::string_view Lexer<isModern>::storable(std::string_view text) {
 }
 
 template <bool isModern>
-void Lexer<isModern>::add(Match match) {
-  const std::string_view text = take(match.length);
+void Lexer<isModern>::add(int typ, std::size_t length) {
+  const std::string_view text = take(length);
   state.tabs.advance(text.size());
-  VhdlToken& token = addToken(match.typ, text);
-  if (keepsTabs(match.typ) || *text.data() == '\\') {
-    token.setHoldsTabs(text.find('\t') != std::string_view::npos);
-  }
-  if (match.typ == T_RPAREN) --state.parenLevel;
-  if (match.typ == T_NEWLINE) {
-    state.tabs.setColumn(0);
-    ++state.line;
-  }
+  addToken(typ, text);
+}
+
+template <bool isModern>
+void Lexer<isModern>::addVerbatim(int typ, std::size_t length) {
+  const std::string_view text = take(length);
+  state.tabs.advance(text.size());
+  addToken(typ, text).setHoldsTabs(text.find('\t') != std::string_view::npos);
 }
 
 template <bool isModern>
@@ -169,233 +181,157 @@ VhdlToken& Lexer<isModern>::addExpanded(int typ, std::size_t length) {
 }
 
 template <bool isModern>
-Match Lexer<isModern>::addBlanks(std::size_t length) {
-  const int blanks = state.tabs.countBlanks({at, length});
-  if (blanks < 0) {  // form feeds and vertical tabs are kept
-    addExpanded(T_WHITESPACE, length);
-  } else {
-    at += length;
-    addToken(T_WHITESPACE, blanks);
-  }
-  return alreadyAdded;
-}
-
-template <bool isModern>
-Match Lexer<isModern>::matchWord() {
+void Lexer<isModern>::addWord() {
   const std::size_t length = matchIdentifier(at);
   if (length == 1) {
     const std::size_t bits = matchBitString(at);
-    return bits > 0 ? Match{T_BITSTRING, bits} : Match{T_IDENTIFIER, 1};
+    bits > 0 ? add(T_BITSTRING, bits) : add(T_IDENTIFIER, 1);
+    return;
   }
-  const int word = findReservedWord({at, length}, state.edition);
-  if (word == -1) return {T_IDENTIFIER, length};
-  if constexpr (isModern) return {typInContext(word), length};
-  return {word, length};
+  int typ = findReservedWord({at, length}, state.edition);
+  if (typ == -1) {
+    typ = T_IDENTIFIER;
+  } else if constexpr (isModern) {
+    typ = context.typOfWord(typ);
+  }
+  add(typ, length);
 }
 
 template <bool isModern>
-Match Lexer<isModern>::matchWhitespace() {
-  const std::size_t spaces = matchSpaces(at);
-  if (hasClass(at[spaces], BLANK)) return addBlanks(matchBlanks(at));
-  state.tabs.advance(spaces);
-  addToken(T_WHITESPACE, static_cast<int>(take(spaces).size()));
-  return alreadyAdded;
-}
-
-template <bool isModern>
-Match Lexer<isModern>::matchNumber() const {
+void Lexer<isModern>::addNumber() {
   const std::size_t based = matchBased(at);
-  return based > 0 ? Match{T_BASED, based} : Match{T_DECIMAL, matchDecimal(at)};
+  based > 0 ? add(T_BASED, based) : add(T_DECIMAL, matchDecimal(at));
 }
 
 template <bool isModern>
-Match Lexer<isModern>::matchSpecial() {
-  switch (*at) {
-    case '\n': return at == end ? matchEnd() : Match{T_NEWLINE, 1};
-    case '\r': ++at; return alreadyAdded;
-    case '(': ++state.parenLevel; return {T_LPAREN, 1};
-    case ')': return {T_RPAREN, 1};
-    case '-': return matchCommentOrDelimiter();
-    case '\'': return matchTick();
-    case '"':
-    case '%': return orPunctuation({T_STRING, matchString(at)});
-    case '\\': return orPunctuation({T_IDENTIFIER, matchExtendedIdentifier(at, end)});
-    case '!':
-      ++at;
-      state.tabs.advance(1);
-      addToken(T_BAR, barText);
-      return alreadyAdded;
-    default: return matchPunctuation();
+void Lexer<isModern>::addWhitespace() {
+  const int blanks = state.tabs.passBlanks(at);
+  if (blanks < 0) {  // form feeds and vertical tabs are kept
+    addExpanded(T_WHITESPACE, matchBlanks(at));
+  } else {
+    addToken(T_WHITESPACE, blanks);
   }
 }
 
 template <bool isModern>
-Match Lexer<isModern>::matchEnd() {
-  isEnded = true;
-  addToken(T_EOF, /*blanks*/ 0);
-  return alreadyAdded;
+void Lexer<isModern>::addLineEnd() {
+  addToken(T_NEWLINE, take(1));
+  state.tabs.setColumn(0);
+  ++state.line;
 }
 
 template <bool isModern>
-Match Lexer<isModern>::matchCommentOrDelimiter() {
-  if (at[1] != '-') return {T_DELIMITER, 1};
+void Lexer<isModern>::addOpening() {
+  ++state.parenLevel;
+  add(T_LPAREN, 1);
+}
+
+template <bool isModern>
+void Lexer<isModern>::addClosing() {
+  add(T_RPAREN, 1);
+  --state.parenLevel;
+}
+
+template <bool isModern>
+void Lexer<isModern>::addCommentOrDelimiter() {
+  if (at[1] != '-') {
+    add(T_DELIMITER, 1);
+    return;
+  }
   const int typ = commentTyp(at);
-  if (typ != T_COMMENT) return {typ, matchComment(at)};
-  addExpanded(typ, matchComment(at));
-  return alreadyAdded;
+  const std::size_t length = matchComment(at);
+  typ == T_COMMENT ? (void)addExpanded(typ, length) : addVerbatim(typ, length);
 }
 
 template <bool isModern>
-Match Lexer<isModern>::matchTick() {
-  if (isTickBeforeLiteral(at)) return {T_TICK, 1};
-  if (isCharacterLiteral(at)) return {T_CHARACTER, 3};
-  const std::size_t attribute = matchAttribute(at);
-  if (attribute == 0) return {T_DELIMITER, 1};
-  addExpanded(T_ATTRIBUTE_NAME, attribute).deleteSpaces(yytoklist.getArena());
-  return alreadyAdded;
+void Lexer<isModern>::addTick() {
+  if (isTickBeforeLiteral(at)) {
+    add(T_TICK, 1);
+  } else if (isCharacterLiteral(at)) {
+    addVerbatim(T_CHARACTER, 3);
+  } else if (const std::size_t attribute = matchAttribute(at); attribute > 0) {
+    addExpanded(T_ATTRIBUTE_NAME, attribute).deleteSpaces(yytoklist.getArena());
+  } else {
+    add(T_DELIMITER, 1);
+  }
 }
 
 template <bool isModern>
-Match Lexer<isModern>::matchPunctuation() const {
+void Lexer<isModern>::addBar() {
+  ++at;
+  state.tabs.advance(1);
+  addToken(T_BAR, barText);
+}
+
+template <bool isModern>
+void Lexer<isModern>::addMark() {
   const Punctuation& entry = punctuations[static_cast<unsigned char>(*at)];
   for (const auto& compound : entry.compounds) {
-    if (compound.second == at[1]) return {compound.typ, 2};
+    if (compound.second == at[1]) {
+      add(compound.typ, 2);
+      return;
+    }
   }
-  return {entry.alone, 1};
+  add(entry.alone, 1);
 }
 
 template <bool isModern>
-Match Lexer<isModern>::orPunctuation(Match match) const {
-  return match.length > 0 ? match : matchPunctuation();
+void Lexer<isModern>::addVerbatimOrMark(int typ, std::size_t length) {
+  length > 0 ? addVerbatim(typ, length) : addMark();
 }
 
 template <bool isModern>
-Match Lexer<isModern>::matchNext() {
+bool Lexer<isModern>::addModern() {
+  const auto [typ, length] = context.match(at);
+  if (length == 0) return false;
+  if (isBlockComment(typ) || typ == T_INLINECOMMENT) {
+    addExpanded(typ, length);
+  } else if (keepsTabs(typ)) {
+    addVerbatim(typ, length);
+  } else {
+    add(typ, length);
+  }
+  return true;
+}
+
+template <bool isModern>
+void Lexer<isModern>::addNext() {
   if constexpr (isModern) {
-    const Match match = matchModern();
-    if (match.typ != noMatch.typ) return match;
+    if (addModern()) return;
   }
-  if (hasClass(*at, LETTER)) return matchWord();
-  if (hasClass(*at, BLANK)) return matchWhitespace();
-  if (hasClass(*at, DIGIT)) return matchNumber();
-  return matchSpecial();
+  switch (starts[static_cast<unsigned char>(*at)]) {
+    case START_WORD: addWord(); break;
+    case START_NUMBER: addNumber(); break;
+    case START_BLANK: addWhitespace(); break;
+    case START_LINE_END: addLineEnd(); break;
+    case START_RETURN: ++at; break;
+    case START_OPENING: addOpening(); break;
+    case START_CLOSING: addClosing(); break;
+    case START_HYPHEN: addCommentOrDelimiter(); break;
+    case START_TICK: addTick(); break;
+    case START_STRING: addVerbatimOrMark(T_STRING, matchString(at)); break;
+    case START_EXTENDED: addVerbatimOrMark(T_IDENTIFIER, matchExtendedIdentifier(at, end)); break;
+    case START_BAR: addBar(); break;
+    case START_MARK: addMark(); break;
+  }
 }
 
 template <bool isModern>
 void Lexer<isModern>::addTokens() {
   if constexpr (isModern) state.parenLevel = 0;
-  while (!isEnded) {
-    const Match match = matchNext();
-    if (match.length > 0) add(match);
-  }
+  while (at != end) addNext();
+  addToken(T_EOF, /*blanks*/ 0);
 }
 
-// --- The newer editions ---
-
+/** Flattened, so that the lexer's members are in registers. */
 template <bool isModern>
-Match Lexer<isModern>::matchModern() {
-  if (at < commentEnd) return matchOpenComment();
-  if (isProtected) return matchProtected();
-  if (hasClass(*at, LETTER | DIGIT)) return matchModernBitString(at);
-  return hasClass(*at, BLANK) ? noMatch : matchModernMark();
-}
-
-template <bool isModern>
-Match Lexer<isModern>::matchModernMark() {
-  switch (*at) {
-    case '!': return {T_BAR, 1};
-    case '\'': return orNoMatch({T_ATTRIBUTE_NAME, matchModernAttribute(at)});
-    case '.': return at == pathDot ? Match{T_PATHDOT, 1} : noMatch;
-    case '/': return at[1] == '*' ? openComment() : noMatch;
-    case '`': return isLineStart(at, begin) ? matchDirective() : noMatch;
-    case '{':
-    case '}':
-    case ']':
-    case ';': return matchBrace();
-    case '<':
-      if (at[1] == '<') pathDot = at + matchBeforePath(at);
-      return matchOperator(at);
-    case '[': {
-      const Match match = matchOperator(at);
-      isInRepetition = match.length > 0;
-      return match;
-    }
-    case '?':
-    case '>':
-    case '|':
-    case '-':
-    case '&': return matchOperator(at);
-    default: return noMatch;
-  }
-}
-
-template <bool isModern>
-int Lexer<isModern>::typInContext(int word) {
-  if (word == T_VUNIT || word == T_VPROP || word == T_VMODE) awaitsUnit = true;
-  if (state.parenLevel == 0) return word;
-  if (word == T_FUNCTION || word == T_PROCEDURE) return T_INTERFACE_SUBPROGRAM;
-  return word == T_PACKAGE ? static_cast<int>(T_INTERFACE_PACKAGE) : word;
-}
-
-// Semicolons in the braces of a sequence end no statement; the braces of a unit hold declarations.
-template <bool isModern>
-Match Lexer<isModern>::matchBrace() {
-  const bool opensUnit = awaitsUnit && *at == '{';
-  const bool closesUnit = braceLevel == 0 && *at == '}';
-  if (*at == '{' || *at == ';') awaitsUnit = false;
-  if (opensUnit) return {T_LBRACE, 1};
-  if (closesUnit) return {T_RBRACE, 1};
-  if (*at == ']' && !isInRepetition) return noMatch;
-  if (*at == ';') return braceLevel > 0 ? Match{T_SEQUENCE_SEMICOLON, 1} : noMatch;
-  isInRepetition = false;
-  if (*at == '{') ++braceLevel;
-  if (*at == '}') --braceLevel;
-  return {T_MATCHING, 1};
-}
-
-// One token per line, so that only an extended identifier can hold a line end.
-template <bool isModern>
-Match Lexer<isModern>::openComment() {
-  commentEnd = at + matchBlockComment(at, end);
-  const char* lineEnd = std::find(at, commentEnd, '\n');
-  const bool isInline = lineEnd == commentEnd && !isLineOver(commentEnd);
-  addExpanded(isInline ? T_INLINECOMMENT : T_BLOCKCOMMENT, lengthOfLine(at, lineEnd));
-  return alreadyAdded;
-}
-
-template <bool isModern>
-Match Lexer<isModern>::matchOpenComment() {
-  if (*at == '\n' || *at == '\r') return noMatch;
-  if (hasClass(*at, BLANK)) return addBlanks(matchBlanks(at));
-  const char* lineEnd = std::find(at, commentEnd, '\n');
-  addExpanded(T_COMMENTLINE, lengthOfLine(at, lineEnd));
-  return alreadyAdded;
-}
-
-template <bool isModern>
-Match Lexer<isModern>::matchDirective() {
-  const int typ = directiveTyp(at);
-  isProtected = opensProtected(at);
-  if (typ == T_IF_DIRECTIVE) branchLevels.push_back(state.parenLevel);
-  if (!branchLevels.empty() && typ == T_ELSE_DIRECTIVE) state.parenLevel = branchLevels.back();
-  if (!branchLevels.empty() && typ == T_END_DIRECTIVE) branchLevels.pop_back();
-  return {typ, matchRestOfLine(at)};
-}
-
-template <bool isModern>
-Match Lexer<isModern>::matchProtected() {
-  if (*at == '\n' || *at == '\r') return noMatch;
-  if (!closesProtected(at)) return {T_RAWLINE, matchRestOfLine(at)};
-  isProtected = false;
-  return *at == '`' ? matchDirective() : noMatch;
+[[gnu::flatten]] void lex(const SourceText& source, LexState& state, TokenList& yytoklist) {
+  Lexer<isModern>(source, state, yytoklist).addTokens();
 }
 
 }  // namespace
 
 void yylex(const SourceText& source, LexState& state, TokenList& yytoklist) {
-  if (state.edition >= firstModernEdition) {
-    Lexer<true>(source, state, yytoklist).addTokens();
-  } else {
-    Lexer<false>(source, state, yytoklist).addTokens();
-  }
+  const bool isModern = state.edition >= firstModernEdition;
+  (isModern ? lex<true> : lex<false>)(source, state, yytoklist);
 }

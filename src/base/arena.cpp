@@ -1,7 +1,7 @@
-// Slab allocation. Slabs double in size up to a limit, so that neither small nor large inputs pay
-// for the other. A list of millions of tokens occupies hundreds of thousands of ordinary pages, and
-// faulting those in one by one took five sixths of the time for 20 MB of code: large slabs use
-// large pages where the system has them.
+// Slab allocation. The first slab is small enough for a small input; the next ones grow by so large
+// a factor that one of large pages, where the system has them, soon follows. A list of millions of
+// tokens occupies hundreds of thousands of ordinary pages, and faulting those in one by one took
+// five sixths of the time for 20 MB of code. With slabs that doubled, 0.4 MB took a twentieth more.
 #include "base/arena.h"
 
 #include <algorithm>
@@ -13,6 +13,7 @@ namespace {
 
 constexpr std::size_t smallestSlab = std::size_t{64} << 10;
 constexpr std::size_t largestSlab = std::size_t{4} << 20;
+constexpr std::size_t growth = 8;
 constexpr std::size_t largePage = std::size_t{2} << 20;
 
 bool isLarge(std::size_t size) { return size >= largePage; }
@@ -46,8 +47,8 @@ void Arena::clear() {
 void Arena::goToNextSlab(std::size_t wanted) {
   while (used < slabs.size() && slabs[used].size < wanted) ++used;
   if (used == slabs.size()) {
-    const std::size_t twice = slabs.empty() ? 0 : 2 * slabs.back().size;
-    const std::size_t usual = areBlocksWatched ? 0 : std::clamp(twice, smallestSlab, largestSlab);
+    const std::size_t next = slabs.empty() ? 0 : growth * slabs.back().size;
+    const std::size_t usual = areBlocksWatched ? 0 : std::clamp(next, smallestSlab, largestSlab);
     const std::size_t size = std::max(usual, wanted);
     slabs.push_back({newSlab(size), size});
   }

@@ -121,4 +121,24 @@ TEST(Golden, TheLibraryPrintsTheSameWhateverCameBefore) {
   }
 }
 
+// The parentheses of one file count in the next.
+TEST(Golden, FilesOfOneRunPrintWhatTheyPrintAlone) {
+  const TempFolder folder;
+  std::vector<fs::path> stems;
+  std::string command = "qorn";
+  for (const fs::path& stem : findCases()) {
+    const std::string source = readFile(withExtension(stem, ".vhd"));
+    const bool isDefault = !fs::exists(withExtension(stem, ".rc")) && !source.empty();
+    if (!isDefault || fs::exists(withExtension(stem, ".args"))) continue;
+    if (std::ranges::count(source, '(') != std::ranges::count(source, ')')) continue;
+    command += " " + folder.write(std::to_string(stems.size()), source);
+    stems.push_back(stem);
+  }
+  EXPECT_EQ(shell(folder, command).status, 0);
+  for (std::size_t i = 0; i < stems.size(); ++i) {
+    const std::string expected = readFile(withExtension(stems[i], ".out"));
+    EXPECT_EQ(firstDifference(expected, folder.read(std::to_string(i))), "") << stems[i];
+  }
+}
+
 }  // namespace

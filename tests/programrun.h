@@ -14,6 +14,15 @@
 
 #include "tempfolder.h"
 
+// Under this sanitizer, memory cannot be limited, and no library be loaded before its own.
+#if defined(__SANITIZE_ADDRESS__)
+#define QORN_HAS_ADDRESS_SANITIZER 1
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define QORN_HAS_ADDRESS_SANITIZER 1
+#endif
+#endif
+
 struct ProgramRun {
   int status;  // exit status, or -1 if a signal ended the shell
   std::string out;

@@ -8,14 +8,6 @@
 
 #include "programrun.h"
 
-#if defined(__SANITIZE_ADDRESS__)
-#define QORN_HAS_ADDRESS_SANITIZER 1
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define QORN_HAS_ADDRESS_SANITIZER 1
-#endif
-#endif
-
 namespace {
 
 constexpr std::string_view oldText = "use a ;\n";

@@ -14,14 +14,6 @@
 #include "base/filereplacement.h"
 #include "programrun.h"
 
-#if defined(__SANITIZE_ADDRESS__)
-#define QORN_HAS_ADDRESS_SANITIZER 1
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define QORN_HAS_ADDRESS_SANITIZER 1
-#endif
-#endif
-
 namespace {
 
 std::string repeated(std::string_view text, int count) {

@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "confignames.h"
-#include "scannerprobe.h"
 
 namespace {
 

@@ -22,3 +22,7 @@ and third_signal_of_some_length and fourth_signal_of_some_length and fifth_signa
 and sixth;
 -- Blank lines behind a break.
 call(first_parameter_of_some_length, second_parameter_of_some_length, third_parameter_of_it);
+-- A comment under one that was moved below its code.
+a_target_with_a_name_that_takes_the_better_part_of_one_line := f(a, -- beyond the margin
+-- and under it
+b);

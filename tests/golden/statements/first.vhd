@@ -1,0 +1,3 @@
+label_b : work.c
+-- The statement is still open.
+port map (d);

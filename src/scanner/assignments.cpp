@@ -10,6 +10,7 @@ constexpr int assignmentWidth = 3;  // the two characters of the token and a bla
 
 }  // namespace
 
+// A target that is too long counts as none: one blank after it, and no wider column for its run.
 int VhdlScanner::prevTargetLength() {
   const int length = ruler.readTarget(*anchorToken(), settings.identLength);
   return length >= settings.identLength ? 0 : length;
@@ -20,6 +21,8 @@ int VhdlScanner::targetLengthAhead(const VhdlToken& token) const {
   return length >= settings.identLength ? 0 : length;
 }
 
+// A run goes on as long as the next assignment is on the line after a semicolon. Its first
+// statement measures it for all the others.
 int VhdlScanner::determineTargetLength(int typ, int orTyp) {
   if (anchorToken()->getLineNo() <= run.targetEndLine) return run.targetLength;
   run.targetLength = prevTargetLength();
@@ -60,6 +63,10 @@ int VhdlScanner::blanksBeforeAssignment(int typ, int orTyp) {
   return own == 0 || own >= longest ? 1 : longest - own + 1;
 }
 
+// What continues a declaration stands to the right of the colon. The column of the colon is added
+// to the statement's indent where it could replace it: deeply nested, that is too far right.
+//     signal a, b : bit;          | SIGNAL   a, b : bit;
+//     constant n : natural := 1;  | CONSTANT n    : natural := 1;
 void VhdlScanner::alignConstantSignalFile() {
   stepIn();
   if (!waitFor(T_COLON, T_IS)) return;
@@ -69,6 +76,11 @@ void VhdlScanner::alignConstantSignalFile() {
   StatementOpen();
 }
 
+// In style A, each element of a waveform has its line, to the right of the arrow; in style B one
+// step in.
+//     a <= b;                       | a       <= b;
+//     lab : bc <= d, e after 2 ns;  | lab: bc <= d,
+//                                   |            e AFTER 2 ns;
 void VhdlScanner::SignalAssignment() {
   const int level = getParenLevel();
   const int blanks = blanksBeforeAssignment(T_SIGASSIGN, -1);
@@ -82,6 +94,13 @@ void VhdlScanner::SignalAssignment() {
   readWaveform(level);
 }
 
+// All tokens up to the semicolon are read here: `when` and `else` would be dispatched to handlers
+// of other statements.
+//     q <= a when b else     | q <= a
+//          c when d else e;  |          WHEN b ELSE
+//                            |      c
+//                            |          WHEN d ELSE
+//                            |      e;
 void VhdlScanner::readWaveform(int level) {
   bool isWhenOpen = false;
   for (;;) {
@@ -117,6 +136,11 @@ void VhdlScanner::startElement(int level) {
   getParenLevel() == level ? setNextNewline() : setNextSpaces(1);
 }
 
+// Also for the initial value of an object, which is not aligned. What continues stands to the right
+// of the token. With LINEWIDTH 30:
+//     a := b;                            | a   := b;
+//     bcd := a_long_name + another_one;  | bcd := a_long_name +
+//                                        |        another_one;
 void VhdlScanner::VariableAssignment() {
   const bool isDeclared = determineContext() == T_COLON;
   const int blanks = isDeclared ? 1 : blanksBeforeAssignment(T_VARASSIGN, -1);
@@ -126,6 +150,9 @@ void VhdlScanner::VariableAssignment() {
   setIndent(addColumns(getColumn(1), assignmentWidth), /*relative*/ 0, LEVEL_ASSIGNMENT);
 }
 
+//     with s select a <=          | WITH s SELECT a <=
+//     b when '0', c when others;  |     b WHEN '0',
+//                                 |     c WHEN OTHERS;
 void VhdlScanner::SelectedSignalAssignment() {
   indentUnlessLabelled();
   for (;;) {

@@ -4,19 +4,29 @@
 #include "scanner/peek.h"
 #include "scanner/vhdlscanner.h"
 
+//     signal a : bit;                 | SIGNAL   a     : bit;
+//     constant depth : natural := 5;  | CONSTANT depth : natural := 5;
+//     file log : text;                | FILE     log   : text;
 void VhdlScanner::objectDeclaration(int blanks) {
   setNextSpaces(blanks);
   alignConstantSignalFile();
 }
 
+// Not in `type t is file of word;`.
 void VhdlScanner::File() {
   if (isName(typBehindBlanks())) objectDeclaration(5);
 }
 
+// Not for an operator symbol: `alias "+" is add;` is a statement like any other.
 void VhdlScanner::Alias() {
   if (isName(typBehindBlanks())) objectDeclaration(4);
 }
 
+// Reads a template to its end; of a group, what follows the name of its template is left to the
+// pass.
+//     group pins is (signal, signal <>);  | GROUP pins IS (SIGNAL, SIGNAL <>);
+//                                         |
+//     group p1 : pins (a, b);             | GROUP p1 : pins(a, b);
 void VhdlScanner::Group() {
   if (!isName(typBehindBlanks())) return;
   objectDeclaration(1);
@@ -38,11 +48,19 @@ int VhdlScanner::readEntityClass() {
   return behind == T_BOX ? getNextTokenTyp() : behind;
 }
 
+// Neither its colon nor its value is aligned.
 void VhdlScanner::Attribute() {
   stepIn();
   finishStatement();
 }
 
+// Enumerations, and the heads of other types, whose definitions have handlers. In style A, the
+// literals stay on the line. With STYLE B:
+//     type bool is (no, yes);  | TYPE bool IS
+//                              | (
+//                              |     no,
+//                              |     yes
+//                              | );
 void VhdlScanner::Type() {
   stepIn();
   if (!isName(getNextTokenTyp())) return;
@@ -74,6 +92,13 @@ void VhdlScanner::entryBlock() {
   outdentToken();
 }
 
+// entryBlock leaves a level for the semicolon. In style B it takes the place of the type's; in
+// style A that one is still open, so the other is closed.
+//     type m is               | TYPE m IS
+//     array (0 to 3, 0 to 1)  |     ARRAY (
+//     of bit;                 |         0 TO 3,
+//                             |         0 TO 1
+//                             |     ) OF bit;
 void VhdlScanner::Array() {
   if (!hasSeveralIndexRanges()) return;
   startDefinition();
@@ -106,6 +131,12 @@ void VhdlScanner::closeElements() {
   StatementClosed();
 }
 
+// In style B, `record` and `end` stand under `type`.
+//     type r is record       | TYPE r IS
+//     a : bit; data : word;  |     RECORD
+//     end record;            |         a    : bit;
+//                            |         data : word;
+//                            |     END RECORD;
 void VhdlScanner::Record() {
   openElements();
   InterfaceList();
@@ -113,7 +144,10 @@ void VhdlScanner::Record() {
   closeElements();
 }
 
-//     type queue is protected body variable size : natural; end protected body queue;
+// With VHDL 2008:
+//     type q is protected body  | TYPE q IS
+//     end protected body;       |     PROTECTED BODY
+//                               |     END PROTECTED BODY;
 void VhdlScanner::Protected() {
   if (indentStack.kind() != LEVEL_STATEMENT || state.statementClosed == 1) {  // no type in hand
     Identifier();
@@ -125,7 +159,10 @@ void VhdlScanner::Protected() {
   endHead(LEVEL_PROTECTED);
 }
 
-//     view sender of link is data : out; ready : in; end view sender;
+// With VHDL 2019:
+//     view v of link is  | VIEW v OF link IS
+//     data : out;        |     data : OUT;
+//     end view;          | END VIEW;
 void VhdlScanner::View() {
   if (!opensStatement() || !isName(LookForward(1)) || LookForward(2) != T_OF) {
     Identifier();
@@ -139,16 +176,23 @@ void VhdlScanner::View() {
   End();
 }
 
+// Passed over: `private variable n : natural;` is the declaration of a variable.
 void VhdlScanner::Private() {
   if (!opensStatement()) Identifier();
 }
 
+//     type t is range 0 to 9   | TYPE t IS RANGE 0 TO 9
+//     units fs; ps = 1000 fs;  |     UNITS
+//     end units;               |         fs;
+//                              |         ps = 1000 fs;
+//                              |     END UNITS;
 void VhdlScanner::Unit() {
   openElements();
   UnitList();
   closeElements();
 }
 
+// A primary unit, which has no `=`, does not widen the column.
 void VhdlScanner::UnitList() {
   const int width = LongestInterfaceIdentifier(settings.identLength);
   while (const VhdlToken* token = getNextToken()) {
@@ -162,6 +206,14 @@ void VhdlScanner::UnitList() {
   }
 }
 
+// Also procedures; declarations and bodies alike.
+//     function f (signal a : in bit;  | FUNCTION f(SIGNAL a : IN bit;
+//     n : natural) return bit;        |            n        : natural) RETURN bit;
+// With STYLE B:
+//     procedure p (a : bit);  | PROCEDURE p
+//                             | (
+//                             |     a : bit
+//                             | );
 void VhdlScanner::Function() {
   stepIn();
   int blanks = 0;  // before the parameters
@@ -187,7 +239,12 @@ void VhdlScanner::Function() {
   }
 }
 
-//     procedure swap generic (type t) generic map (t => bit) parameter (variable a, b : inout t);
+// With VHDL 2008:
+//     procedure p generic (type t)  | PROCEDURE p
+//     parameter (a : t);            |     GENERIC (
+//                                   |         TYPE t
+//                                   |     )
+//                                   |     PARAMETER (a : t);
 void VhdlScanner::genericsOfSubprogram() {
   setPrevNewline();
   if (LookForward(1) != T_LPAREN) return;
@@ -205,6 +262,8 @@ void VhdlScanner::genericsOfSubprogram() {
   setNextSpaces(1);
 }
 
+// The level of the parenthesis itself is for a closing one that starts a line, which then stands
+// under it.
 void VhdlScanner::parametersInColumn(int blanks) {
   setPrevSpaces(blanks);
   IndentLine(0);
@@ -216,6 +275,7 @@ void VhdlScanner::parametersInColumn(int blanks) {
   popIndent();
 }
 
+//     impure function f return bit;  | IMPURE FUNCTION f RETURN bit;
 void VhdlScanner::Pure() {
   if (getNextTokenTyp() == T_FUNCTION) Function();
 }

@@ -92,8 +92,12 @@ void VhdlScanner::Format() {
   }
 }
 
+// Any word opens a statement if none is open: `null;`, `exit;`, `subtype word is bit_vector;`.
 void VhdlScanner::Default() { setIdentifierIndent(); }
 
+// What continues a call stands under its first argument. With LINEWIDTH 30:
+//     put(first_word, second_word, c);  | put(first_word, second_word,
+//                                       |     c);
 void VhdlScanner::Identifier() {
   setIdentifierIndent();
   if (LookForward(1) != T_LPAREN) return;
@@ -101,6 +105,8 @@ void VhdlScanner::Identifier() {
   ParameterList();
 }
 
+// The level is that of the first token: in `f((a), b)` the inner parenthesis ends the list, and
+// what follows is indented as the statement.
 void VhdlScanner::ParameterList() {
   IndentLine(0);
   setIndent(addColumns(getColumn(1), 1), /*relative*/ 0);
@@ -131,17 +137,22 @@ bool VhdlScanner::opensStatement() {
   }
 }
 
+// With VHDL 2008:
+//     a <= <<signal .tb.dut.s : bit>>;  | a <= << SIGNAL .tb.dut.s: bit >>;
 void VhdlScanner::External() {
   setIdentifierIndent();
   if (!waitFor(T_CLOSEEXTERNAL, T_SEMICOLON)) return;
   if (anchorToken()->getTyp() == T_SEMICOLON) SemiColon();
 }
 
+// The end of a statement that no handler has read up to here, and whose level its first token
+// opened.
 void VhdlScanner::SemiColon() {
   if (indentStack.kind() == LEVEL_CONDITION) popIndent();
   endStatement();
 }
 
+//     alias a is b [bit return bit];  | ALIAS    a IS b[ bit RETURN bit];
 void VhdlScanner::Bracket() {
   setPrevSpaces(0);
   setNextSpaces(1);

@@ -40,6 +40,13 @@ void VhdlScanner::endEntry() {
   setNextNewline();
 }
 
+//     port (a : in bit;     | PORT (
+//     data : buffer word);  |     a    : IN     bit;
+//                           |     data : BUFFER word
+//                           | );
+// With INTERFACEIDENTIFIERLIST LIST:
+//     port (a : in bit;     | PORT (
+//     data : buffer word);  |     a: IN bit; data: BUFFER word);
 void VhdlScanner::Port() {
   if (LookForward(1) == T_MAP) {
     PortMap();
@@ -65,6 +72,16 @@ void VhdlScanner::interfaceBlock(const VhdlToken& paren) {
   popTokenIndent();
 }
 
+// The semicolon of an instance is left to the pass, which closes the level of the label. That of a
+// map in a header closes nothing: it is consumed here, and with BLOCKHEADER LIST does not even end
+// its line.
+//     u1 : cell generic map (8)  | u1: cell
+//     port map (a => x);         |     GENERIC MAP (
+//                                |         8
+//                                |     )
+//                                |     PORT MAP (
+//                                |         a => x
+//                                |     );
 void VhdlScanner::PortMap() {
   const bool hasHead = isModern() || settings.blockHeader == C_WRAPPED;
   const bool isClause = hasHead && indentStack.kind() == LEVEL_BODY;
@@ -87,6 +104,13 @@ void VhdlScanner::PortMap() {
   }
 }
 
+// Every comma and semicolon ends a line, however deep. Colons stand one blank after the longest
+// name; an over-long name has one blank after it.
+//     port (signal clk, rst : in bit;  | PORT (
+//     constant n : in natural);        |     SIGNAL   clk,
+//                                      |     rst          : IN bit;
+//                                      |     CONSTANT n   : IN natural
+//                                      | );
 void VhdlScanner::InterfaceList(bool isOfParameters) {
   const int colonOffset = LongestInterfaceIdentifier(longestInterfaceName());
   if (colonOffset == T_EOF) return;
@@ -114,8 +138,11 @@ void VhdlScanner::InterfaceList(bool isOfParameters) {
   }
 }
 
-//     generic (type item; function image(value : item) return string is <>;
-//              package keys is new work.keys generic map (<>));
+// Its commas, colons and semicolons are not those of the list that it is in. With VHDL 2008:
+//     generic (function f     | GENERIC (
+//       (a : t; n : natural)  |     FUNCTION f(a : t;
+//       return t is <>);      |                n : natural) RETURN t IS <>
+//                             | );
 void VhdlScanner::interfaceSubprogram() {
   getNextToken();  // its name
   if (LookForward(1) == T_PARAMETER) getNextToken();
@@ -129,6 +156,11 @@ void VhdlScanner::interfaceSubprogram() {
   setNextSpaces(1);
 }
 
+// With VHDL 2008:
+//     generic (package p is new work.q  | GENERIC (
+//     generic map (<>); n : natural);   |     PACKAGE p IS NEW work.q GENERIC MAP (<>);
+//                                       |     n : natural
+//                                       | );
 void VhdlScanner::interfacePackage() {
   for (;;) {
     switch (LookForward(1)) {
@@ -148,6 +180,8 @@ int VhdlScanner::longestInterfaceName() const {
   return addColumns(settings.identLength, interfaceExtra);
 }
 
+// T_EOF says that the list never ends. It could be a width as well: a list whose longest name has
+// T_EOF - 1 columns is taken for one that is left open.
 int VhdlScanner::LongestInterfaceIdentifier(int limit) {
   const VhdlToken* cursor = anchorToken();
   const int level = getParenLevel();
@@ -197,6 +231,14 @@ int VhdlScanner::setIndexedWordColumn(int level, WordKind kind) {
   return widest;
 }
 
+// Arrows stand one blank after the longest formal, entries without one under the actuals of the
+// others.
+//     u1 : cell port map       | u1: cell
+//     (a => x, data => y, z);  |     PORT MAP (
+//                              |         a    => x,
+//                              |         data => y,
+//                              |                 z
+//                              |     );
 void VhdlScanner::AssociationList(int level) {
   // -1: no arrow anywhere in the list; 0: none yet in the current entry; 1: the entry has one.
   int arrows = -1;

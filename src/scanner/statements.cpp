@@ -23,12 +23,18 @@ void VhdlScanner::BetweenIfThen() {
   StatementClosed();
 }
 
+//     if a = b then c := d; end if;  | IF a = b THEN
+//                                    |     c := d;
+//                                    | END IF;
 void VhdlScanner::If() {
   indentUnlessLabelled();
   BetweenIfThen();
   openBody();
 }
 
+// A wrapped condition goes on 7 columns in, whatever the indentation.
+//     elsif a then b := c;  | ELSIF a THEN
+//                           |     b := c;
 void VhdlScanner::Elsif() {
   popTokenIndent();
   setIndent(elsifContinuation, /*relative*/ 1);
@@ -36,6 +42,11 @@ void VhdlScanner::Elsif() {
   openBody();
 }
 
+// In a value of a variable, only the condition before it ends here. See whenAmidStatement.
+// With VHDL 2008:
+//     else l : generate q <= a; end generate;  | ELSE l: GENERATE
+//                                              |     q <= a;
+//                                              | END GENERATE;
 void VhdlScanner::Else() {
   if (indentStack.kind() == LEVEL_CONDITION) {
     if (getParenLevel() > 0) return;
@@ -65,12 +76,18 @@ void VhdlScanner::openAlternative(IndentKind kind) {
   StatementClosed();
 }
 
+//     case a is                  | CASE a IS
+//     when '0' | '1' => b := c;  |     WHEN '0' | '1' =>
+//                                |         b := c;
 void VhdlScanner::Case() {
   indentUnlessLabelled();
   if (!waitFor(T_IS, isModern() ? T_GENERATE : T_IS)) return;
   openAlternative(anchorToken()->getTyp() == T_IS ? LEVEL_BODY : LEVEL_CASE_GENERATE);
 }
 
+// The choice of a case statement, or the condition of an `exit` or `next`, in place of whose level
+// it opens its own, one step in.
+//     exit l when a;  | EXIT l WHEN a;
 void VhdlScanner::When() {
   if (isModern() && state.statementClosed == 0) {
     whenAmidStatement();
@@ -88,6 +105,11 @@ void VhdlScanner::When() {
   endStatement();  // of an exit or next statement
 }
 
+// An arrow in parentheses belongs to an aggregate, which older editions do not look for.
+// With VHDL 2008:
+//     case a is                         | CASE a IS
+//     when (0 => b, 1 => c) => d := e;  |     WHEN (0 => b, 1 => c) =>
+//                                       |         d := e;
 bool VhdlScanner::readChoice() {
   const int level = getParenLevel();
   do {
@@ -96,6 +118,11 @@ bool VhdlScanner::readChoice() {
   return true;
 }
 
+// In the value of a variable, as in that of a signal; or in an `exit`, `next` or `return`, up to
+// its end. With VHDL 2008:
+//     v := a when b  | v := a
+//     else c;        |          WHEN b ELSE
+//                    |      c;
 void VhdlScanner::whenAmidStatement() {
   if (getParenLevel() > 0) return;
   if (indentStack.kind() == LEVEL_ASSIGNMENT) {
@@ -107,6 +134,9 @@ void VhdlScanner::whenAmidStatement() {
   finishStatement();
 }
 
+//     l1 : while a loop b := c; end loop;  | l1: WHILE a LOOP
+//                                          |     b := c;
+//                                          | END LOOP;
 void VhdlScanner::While() {
   indentUnlessLabelled();
   if (waitFor(T_LOOP, T_LOOP)) endHead();
@@ -117,6 +147,11 @@ void VhdlScanner::Loop() {
   endHead();
 }
 
+// A loop, a generate statement, the configuration of a block or of instances: what comes next
+// decides.
+//     for i in 0 to 3 loop a := b; end loop;  | FOR i IN 0 TO 3 LOOP
+//                                             |     a := b;
+//                                             | END LOOP;
 void VhdlScanner::For() {
   indentUnlessLabelled();
   for (;;) {
@@ -144,6 +179,14 @@ void VhdlScanner::For() {
   }
 }
 
+// In a configuration, `end for` closes the level of the `for`, so the binding has one of its own.
+// Without an `end for` one level is both: two steps in, for what continues the binding, and closed
+// by its semicolon.
+//     for u1 : cell use entity work.x  | FOR u1: cell
+//     port map (a => b);               |     USE ENTITY work.x
+//                                      |         PORT MAP (
+//                                      |             a => b
+//                                      |         );
 void VhdlScanner::openBinding() {
   setPrevNewline();
   if (state.inConfiguration == 1) {
@@ -155,7 +198,11 @@ void VhdlScanner::openBinding() {
   StatementOpen();
 }
 
-//     for u1 : cell generic map (n => 1) port map (a => b); end for;
+// With VHDL 2008:
+//     for u1 : cell          | FOR u1: cell
+//     generic map (n => 1);  |     GENERIC MAP (
+//                            |         n => 1
+//                            |     );
 void VhdlScanner::openMaps() {
   if (state.inConfiguration == 0) {
     popIndent();
@@ -166,15 +213,21 @@ void VhdlScanner::openMaps() {
   PortMap();
 }
 
+// Words of properties, which are names in older sources. With VHDL 2008:
+//     default clock is rising_edge(clk);  | DEFAULT clock IS rising_edge(clk);
 void VhdlScanner::Directive() { opensStatement() ? Wait() : Identifier(); }
 
 void VhdlScanner::CheckedDirective() { opensStatement() ? Assert() : Identifier(); }
 
+//     wait until clk = '1' for 10 ns;  | WAIT UNTIL clk = '1' FOR 10 ns;
 void VhdlScanner::Wait() {
   indentUnlessLabelled();
   finishStatement();
 }
 
+//     assert a = b report "x"  | ASSERT a = b
+//     severity error;          |     REPORT "x"
+//                              |     SEVERITY error;
 void VhdlScanner::Assert() {
   indentUnlessLabelled();
   stepIn();

@@ -32,6 +32,8 @@ bool VhdlScanner::openUnit(std::initializer_list<int> head) {
   return true;
 }
 
+// In `u1 : entity work.cell;` and in a binding, a unit is only named. In older editions nothing but
+// blanks may stand before the word: on a line of its own it is taken for a head.
 bool VhdlScanner::isInstantiated() {
   if (!isModern()) return prevIs(T_COLON) == 1 || prevIs(T_USE) == 1;
   const VhdlToken* node = anchorToken()->getPrev();
@@ -39,18 +41,26 @@ bool VhdlScanner::isInstantiated() {
   return typAt(node) == T_COLON || typAt(node) == T_USE;
 }
 
+//     entity e is  | ENTITY e IS
 void VhdlScanner::Entity() {
   if (isInstantiated()) return;
   openUnit({T_IDENTIFIER, T_IS});
 }
 
+//     architecture rtl of e is  | ARCHITECTURE rtl OF e IS
+//     begin                     | BEGIN
 void VhdlScanner::Architecture() { openUnit({T_IDENTIFIER, T_OF, T_IDENTIFIER, T_IS}); }
 
+// Inside, each `for` has an `end for`, which For has to know.
+//     configuration c of e is  | CONFIGURATION c OF e IS
 void VhdlScanner::Configuration() {
   if (isInstantiated()) return;
   if (openUnit({T_IDENTIFIER, T_OF, T_IDENTIFIER, T_IS})) state.inConfiguration = 1;
 }
 
+//     package body p is  | PACKAGE BODY p IS
+// With VHDL 2008:
+//     package p is new work.q;  | PACKAGE p IS NEW work.q;
 void VhdlScanner::Package() {
   stepIn();
   int name = getNextTokenTyp();
@@ -60,8 +70,9 @@ void VhdlScanner::Package() {
   endHead();
 }
 
-//     context suite is library osvvm; end context;
-//     context work.suite, work.other;
+// With VHDL 2008:
+//     context work.c, ieee.x;  | CONTEXT work.c, ieee.x;
+//     context c is             | CONTEXT c IS
 void VhdlScanner::Context() {
   if (!opensStatement() || !isName(LookForward(1))) {
     Identifier();
@@ -72,6 +83,11 @@ void VhdlScanner::Context() {
   }
 }
 
+// `is` may be missing: the word after the name is looked at before it is consumed.
+//     component cell        | COMPONENT cell
+//       port (n : in bit);  |     PORT (
+//                           |         n : IN bit
+//                           |     );
 void VhdlScanner::Component() {
   if (isInstantiated()) return;
   stepIn();
@@ -87,6 +103,10 @@ int VhdlScanner::peekTokenTyp() {
 
 void VhdlScanner::Library() { nameClause(libraryContinuation); }
 
+// A verification unit is bound on a line of its own. With VHDL 2008:
+//     for u1 : cell use entity work.x;  | FOR u1: cell
+//     use vunit checks;                 |     USE ENTITY work.x;
+//                                       |     USE VUNIT checks;
 void VhdlScanner::Use() {
   const int unit = LookForward(1);
   if (state.inConfiguration == 0 && (unit == T_VUNIT || unit == T_VPROP || unit == T_VMODE)) {
@@ -95,6 +115,12 @@ void VhdlScanner::Use() {
   nameClause(useContinuation);
 }
 
+// In style A, a wrapped clause continues under its first name. In style B, several names have a
+// line each, and their semicolon is consumed; in older editions the statement stays open.
+// With STYLE B:
+//     library ieee, std;  | LIBRARY
+//                         |     ieee,
+//                         |     std;
 void VhdlScanner::nameClause(int continuation) {
   if (settings.style == C_A) {
     StatementOpen();
@@ -111,6 +137,10 @@ void VhdlScanner::nameClause(int continuation) {
   if (isModern()) StatementClosed();
 }
 
+// In a header, only clauses end their lines, unless BLOCKHEADER is WRAPPED, as after `process`.
+//     b1 : block       | b1: BLOCK SIGNAL   s : bit;
+//     signal s : bit;  | BEGIN
+//     begin            |
 void VhdlScanner::Block() {
   indentUnlessLabelled();
   if (settings.blockHeader == C_WRAPPED) {
@@ -120,6 +150,9 @@ void VhdlScanner::Block() {
   }
 }
 
+//     p1 : process (clk, reset) is  | p1: PROCESS (clk, reset) IS
+//     begin end process;            | BEGIN
+//                                   | END PROCESS;
 void VhdlScanner::Process() {
   indentUnlessLabelled();
   endProcessHead();
@@ -145,6 +178,14 @@ void VhdlScanner::Begin() {
   state.inBlockHeader = 0;
 }
 
+// `begin` is at the level of its head. In a case generate statement, where alternatives are two
+// steps in, it stands one step in, under its `when`, and so does the `end` of the alternative.
+// With VHDL 2008:
+//     g : case n generate  | g: CASE n GENERATE
+//     when 1 => begin      |     WHEN 1 =>
+//     q <= a; end;         |     BEGIN
+//                          |         q <= a;
+//                          |     END;
 void VhdlScanner::nextPart() {
   const IndentKind kind = indentStack.kind();
   if (kind != LEVEL_CASE_GENERATE) {
@@ -156,6 +197,7 @@ void VhdlScanner::nextPart() {
   setIndent(timesColumns(2, settings.indentation), /*relative*/ 1, kind);
 }
 
+// `end;` or `end LABEL;` leaves a generate statement open; its own `end` says `generate`.
 bool VhdlScanner::endsAlternative() const {
   const IndentKind kind = indentStack.kind();
   if (!isModern() || (kind != LEVEL_GENERATE && kind != LEVEL_CASE_GENERATE)) return false;
@@ -163,10 +205,12 @@ bool VhdlScanner::endsAlternative() const {
   return next == T_SEMICOLON || (isName(next) && LookForward(2) == T_SEMICOLON);
 }
 
+// The semicolon of the binding has closed what this `end` belongs to. See For.
 bool VhdlScanner::endsBindingFor() const {
   return isModern() && state.inConfiguration == 0 && LookForward(1) == T_FOR;
 }
 
+// Whatever it closes. A surplus `end` stands at the margin.
 void VhdlScanner::End() {
   const bool isAlternative = endsAlternative();
   if (isAlternative || endsBindingFor()) {
@@ -182,6 +226,10 @@ void VhdlScanner::End() {
   endStatement();
 }
 
+// The braces of a verification unit, like `is` and `end`. With VHDL 2008:
+//     vunit v (e) {          | VUNIT v(e) {
+//     default clock is c; }  |     DEFAULT clock IS c;
+//                            | }
 void VhdlScanner::RightBrace() {
   setPrevNewline();
   popTokenIndent();

@@ -140,14 +140,14 @@ void StopIndex::goBackTo(std::size_t place) {
 
 // --- Searches ---
 
-VhdlToken* StopIndex::nextSemicolon(const VhdlToken* cursor) const {
+VhdlToken* StopIndex::nextSemicolon([[maybe_unused]] const VhdlToken* cursor) const {
   const auto isSemicolon = [](const Summary& summary) { return summary.lowestSemicolon < INT_MAX; };
   VhdlToken* found = stops[summaries.findFirst(next, isSemicolon)].node;
   assert(isFar(cursor, found) || found == findSemicolon(cursor->getNext()).end);
   return found;
 }
 
-int StopIndex::countEntries(const VhdlToken* cursor, int level, int stop) const {
+int StopIndex::countEntries([[maybe_unused]] const VhdlToken* cursor, int level, int stop) const {
   const std::size_t end = summaries.findFirst(next, [level, stop](const Summary& summary) {
     return (stop == T_RPAREN ? summary.lowestClose : summary.lowestSemicolon) <= level;
   });
@@ -160,7 +160,7 @@ int StopIndex::countEntries(const VhdlToken* cursor, int level, int stop) const 
   return count;
 }
 
-std::size_t StopIndex::listEnd(const VhdlToken* cursor, int level) const {
+std::size_t StopIndex::listEnd([[maybe_unused]] const VhdlToken* cursor, int level) const {
   const std::size_t end = summaries.findFirst(next, [level](const Summary& summary) {
     return summary.hasEnd || summary.lowestClose <= level;
   });

@@ -5,6 +5,7 @@
 #include "base/columns.h"
 #include "scanner/vhdlscanner.h"
 
+// Comments on consecutive lines of the source belong together.
 void VhdlScanner::handleComment() {
   VhdlToken& comment = *anchorToken();
   const bool fresh = run.lastCommentLine + 1 != comment.getLineNo();
@@ -18,6 +19,7 @@ void VhdlScanner::handleComment() {
   endCommentLine();
 }
 
+// The line end is consumed, or the cursor would drop it.
 void VhdlScanner::endCommentLine() {
   VhdlToken* behind = stepForward();
   if (behind == nullptr) return;
@@ -29,6 +31,11 @@ void VhdlScanner::endCommentLine() {
   }
 }
 
+// A line of a delimited comment moves as far as the first line of the comment has moved.
+// With VHDL 2008:
+//     begin     | BEGIN
+//     /* one    |     /* one
+//       two */  |       two */
 void VhdlScanner::placeWholeLine(VhdlToken& line) {
   const int typ = line.getTyp();
   const int column = getColumn(0);
@@ -41,6 +48,15 @@ void VhdlScanner::placeWholeLine(VhdlToken& line) {
   endCommentLine();
 }
 
+// Each branch starts from the state before the first, for only one of them is compiled.
+// With VHDL 2008:
+//     `if TOOL = "x" then  | `if TOOL = "x" then
+//     process begin        | PROCESS
+//     `else                | BEGIN
+//     process (a) begin    | `else
+//     `end                 | PROCESS (a)
+//                          | BEGIN
+//                          | `end
 void VhdlScanner::obeyDirective(VhdlToken& directive) {
   const int typ = directive.getTyp();
   if (typ == T_IF_DIRECTIVE) {
@@ -60,6 +76,11 @@ void VhdlScanner::obeyDirective(VhdlToken& directive) {
   }
 }
 
+// At the indent of the code that follows. A comment that stood further right, directly below
+// another, stays in line with that.
+//     begin -- a  | BEGIN                                   -- a
+//           -- b  |                                         -- b
+//     -- c        |     -- c
 void VhdlScanner::placeOwnLineComment(VhdlToken& comment, bool fresh) {
   if (!fresh && getColumn(0) > comment.getIndent()) {
     comment.setIndent(run.commentColumn);  // under the comment above
@@ -69,6 +90,9 @@ void VhdlScanner::placeOwnLineComment(VhdlToken& comment, bool fresh) {
   IndentLine(0);
 }
 
+// In the column of the settings, or a blank after code that reaches it. With COMMENTSTART 12:
+//     a <= b; -- one        | a <= b;    -- one
+//     a <= b and c; -- two  | a <= b AND c; -- two
 void VhdlScanner::placeTrailingComment(VhdlToken& comment) {
   comment.setIndent(settings.commentStartColumn);
   run.commentColumn = settings.commentStartColumn;

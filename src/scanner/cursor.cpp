@@ -1,5 +1,5 @@
-// The token cursor: everything done to a token whatever its statement. Handlers read on by calling
-// getNextToken.
+// The cursor: everything done to a token whatever its statement. A handler reads on by calling
+// getNextToken, which consumes; looking ahead (lookahead.h, LookForward) consumes nothing.
 #include "scanner/vhdlscanner.h"
 
 namespace {
@@ -42,6 +42,8 @@ constexpr Spacing calledName = {kept, 0, 0};
 
 }  // namespace
 
+// Blanks as the table has them, where it has any, and as in the source elsewhere.
+//     a<=f (b , c)+d ;  | a <= f(b, c)+d;
 VhdlToken* VhdlScanner::getNextToken() {
   while (VhdlToken* token = stepForward()) {
     token->setIndent(state.indent);
@@ -70,6 +72,12 @@ int VhdlScanner::getNextTokenTyp() {
   return token == nullptr ? static_cast<int>(T_EOF) : token->getTyp();
 }
 
+// A line end of the source becomes a blank, unless a comment or an empty line keeps it.
+//     a <= b and  | a <= b AND c;
+//          c;     |
+//                 | d <=                                    -- e
+//     d <= -- e   |      f;
+//          f;     |
 void VhdlScanner::passNewline() {
   deleteNewline();
   setPrevSpaces(0);

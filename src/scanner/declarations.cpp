@@ -42,6 +42,7 @@ void VhdlScanner::Group() {
   setNextNewline();
 }
 
+// A class, an optional box, and the token after them, whose code is returned.
 int VhdlScanner::readEntityClass() {
   getNextToken();
   const int behind = getNextTokenTyp();
@@ -78,12 +79,14 @@ void VhdlScanner::Type() {
   entriesInBlock();
 }
 
+// The parenthesis on a line of its own, at the level of the head. See Type.
 void VhdlScanner::entriesInBlock() {
   popTokenIndent();
   setPrevNewline();
   entryBlock();
 }
 
+// One entry per line, and a level left open for the semicolon.
 void VhdlScanner::entryBlock() {
   stepIn();
   setNextNewline();
@@ -114,6 +117,7 @@ bool VhdlScanner::hasSeveralIndexRanges() {
   return CountListEntries(getParenLevel(), T_COMMA, T_RPAREN) > 1;
 }
 
+// `array`, `record` and the like start a line: one step in from their type, in style B at the type.
 void VhdlScanner::startDefinition() {
   setPrevNewline();
   if (settings.style != C_A) popTokenIndent();

@@ -11,11 +11,13 @@ void VhdlScanner::setIndent(int amount, int relative, IndentKind kind) {
 
 void VhdlScanner::stepIn(IndentKind kind) { setIndent(settings.indentation, /*relative*/ 1, kind); }
 
+// At the margin no configuration is open, even if its `end` is missing.
 void VhdlScanner::popIndent() {
   state.indent = indentStack.pop();
   if (state.indent == 0) state.inConfiguration = 0;
 }
 
+// A statement's own first line is not indented by this: its first token has been stamped before.
 void VhdlScanner::setIdentifierIndent() {
   if (state.statementClosed == 1) stepIn();
 }
@@ -35,6 +37,7 @@ void VhdlScanner::outdentToken(IndentKind kind) {
   stepIn(kind);
 }
 
+// A label is a name, and has opened the statement.
 void VhdlScanner::indentUnlessLabelled() {
   if (prevIsLabel() == 0) stepIn();
 }

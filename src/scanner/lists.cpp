@@ -58,6 +58,7 @@ void VhdlScanner::Port() {
   if (getNextTokenTyp() == T_SEMICOLON) endLine();
 }
 
+// In style B the parenthesis has a line of its own.
 void VhdlScanner::interfaceBlock(const VhdlToken& paren) {
   if (settings.style != C_A) setPrevNewline();
   stepIn();

@@ -1,7 +1,7 @@
 // The data of a run, by lifetime. `PassState` is where the formatting pass stands in one file;
 // Reset clears it, and each branch of a conditional directive starts from a copy. `RunState`
-// survives Reset: source lines are numbered on from file to file, and so a comment or an assignment
-// on the first line of a file may continue a run from the last line of the file before.
+// survives Reset: source lines are numbered on from file to file, so that a comment on the first
+// line of a file may continue a run of comments from the last line of the file before.
 #ifndef QORN_SCANNER_PASSSTATE_H
 #define QORN_SCANNER_PASSSTATE_H
 
@@ -33,6 +33,13 @@ struct RunState {
       with commentColumn and is handed back to it for the next file. */
   int reflowColumn = noColumn;
   static constexpr int noColumn = 0;
+};
+
+/** The last answer of determineContext. It holds for a later token too, unless one of those between
+    them decides: what the cursor has passed does not change. */
+struct ContextMemory {
+  const VhdlToken* at = nullptr;  // the token that was asked about
+  int typ = -1;
 };
 
 #endif

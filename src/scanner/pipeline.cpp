@@ -61,6 +61,8 @@ void VhdlScanner::startLex() {
 
 int VhdlScanner::IncludeHeaders() { return 0; }
 
+// A printed line end at the head of the list, so that every backward walk finds one. It is neither
+// measured nor written.
 void VhdlScanner::addSentinel() {
   tokenList.addItemFirst(T_NEWLINE, 0, 0, "\n")->setFormatText("\n");
 }
@@ -91,6 +93,6 @@ void VhdlScanner::Reset() {
   indentStack.reset();
   branches.clear();
   ruler.reset();
-  context = {nullptr, -1};
+  context = {};
   runEnds = TokenTable<const VhdlToken*>(nullptr);
 }

@@ -35,6 +35,7 @@ void VhdlScanner::setPrevSpaces(int count) {
   }
 }
 
+// A comment after the anchor stays on its line, and ends it.
 void VhdlScanner::setNextNewline() {
   if (endsLine(typBehindBlanks())) return;  // the comment stays here
   IndentLine(0);
@@ -89,6 +90,7 @@ void VhdlScanner::setPrevNewline() {
   IndentLine(0);  // indents the line that now ends here
 }
 
+// Empty lines stay, and so does the line end before a comment.
 void VhdlScanner::deleteNewline() {
   const int next = typBehindBlanks();
   const bool stays = next == T_NEWLINE || isComment(next) || prevIs(T_NEWLINE) == 1;
@@ -104,6 +106,7 @@ void VhdlScanner::singleSpace() {
   if (!blank->isFormatted()) blank->setFormatBlanks(1);
 }
 
+// Only the first token's indent counts: that is why every token has one.
 void VhdlScanner::IndentLine(int delta) {
   VhdlToken* place = anchorToken();
   VhdlToken* first = place == nullptr ? nullptr : ruler.findFirst(place);

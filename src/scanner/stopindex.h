@@ -104,7 +104,7 @@ class StopIndex {
   BlockTree<Summary> summaries;  // of the stops except the last entry
   std::size_t next = 0;
   const VhdlToken* awaited = nullptr;  // the next stop, or the end of a long look-ahead
-  int overlaps = 0;                    // long look-aheads since `awaited` was set
+  int overlaps = 0;                    // further long look-aheads before `awaited` was passed
   int longestCounted = 0;              // longer names don't count
   std::array<std::vector<SetStretch>, 2> setStretches;  // by kind, each inside the one before
 };

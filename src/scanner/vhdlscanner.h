@@ -1,5 +1,6 @@
 // The formatter. Every formatting operation is a member of the one class; the banners below divide
-// it into sections, each with the contract that its members share.
+// it into sections, each with the contract that its members share. What a handler reads and what it
+// makes of that is shown at its definition.
 #ifndef QORN_SCANNER_VHDLSCANNER_H
 #define QORN_SCANNER_VHDLSCANNER_H
 
@@ -29,16 +30,15 @@ class FileReplacement;
 /** One object of this class formats all files of a run. It holds the token list of the file in
    hand, every setting, and the state of the passes over that list.
 
-    Its life: settings first (ReadConfigFile, the setters of the options); then for each input
-    setInputFile, format, Print and Reset. There is no parser. A pass reads the token list with
-    getNextToken, looks only at the words that open a construct, and calls the handler that bears
-    the word's name; what no handler takes gets the default treatment, so that nothing is rejected.
+    Its life: built with its settings, then for each input setInputFile, format, Print and Reset.
+    There is no parser. The pass reads the token list with getNextToken, looks only at the words
+   that open a construct, and calls the handler that bears the word's name; what no handler takes
+   gets the default treatment, so that nothing is rejected.
 
     The rule of the anchor: all passes share the list's one cursor. Questions and primitives leave
-   it where it was; handlers move it on to the last token that they consumed. Blanks and line ends
-   are tokens too. They change by their format text alone, new ones are inserted, and nothing leaves
-   the list before Reset. Columns are counted from 0 and in bytes, widths are counts. A flag is an
-   int, 1 if set. */
+    it where it was; handlers move it on to the last token that they consumed. Blanks and line ends
+    are tokens too. They change by their format text alone, new ones are inserted, and nothing
+    leaves the list before Reset. Columns are counted from 0 and in bytes, widths are counts. */
 class VhdlScanner {
  public:
   explicit VhdlScanner(const Settings& chosen = Settings());
@@ -50,12 +50,11 @@ class VhdlScanner {
   /** Opens the file, or the file with the extension of VHDLEXT after its name; null means standard
       input. 0, or -1 if neither opens, which has then been reported. */
   [[nodiscard]] int setInputFile(const char* path);
-  /** Reads the input to its end, closes it and lays the list out. 0, or -1. */
+  /** Reads the input to its end, closes it and lays the list out; or a text in memory. 0, or -1. */
   [[nodiscard]] int format();
-  /** Lays out a text in memory. 0, or -1. */
   [[nodiscard]] int format(std::string_view text);
-  /** Writes the list: to standard output if stream is not null, else over the input file, whose old
-      text is kept under the backup name. Failures are reported. */
+  /** Writes the list: to standard output if stream is not null, else over the input file, of which
+      settings may demand a backup. Failures are reported. */
   void Print(FILE* stream);
   void Print(TextSink& sink);
   /** Makes the object ready for the next file. */
@@ -66,7 +65,6 @@ class VhdlScanner {
 
   // --- Pipeline (pipeline.cpp) ---
 
-  /** Reads the input into `sourceText` and closes it. */
   void readInput();
   /** Null, or the reason why the file can't be opened. */
   [[nodiscard]] const char* openInputFile(const char* path);
@@ -74,15 +72,12 @@ class VhdlScanner {
   void startLex();
   int formatSource();
   int IncludeHeaders();
-  /** The sentinel: a printed line end at the head of the list, so that every backward walk finds
-      one. It is neither measured nor written. */
   void addSentinel();
 
   // --- Output (layout/output.cpp) ---
 
-  /** Makes the backup and opens the file for writing. -1 on a failure, which is then reported. */
+  /** Makes the backup and opens the file for writing; 0, or -1. Either reports failures. */
   [[nodiscard]] int OpenOutfile(FileReplacement& outFile) const;
-  /** Reports a write or a close that failed. */
   void CloseOutfile(FileReplacement& outFile) const;
 
   // --- The anchor: shorthands for the list's cursor (base/oldlist.h). The last two move it ---
@@ -107,13 +102,12 @@ class VhdlScanner {
   int nextIsComment() const;
   /** Is the anchor first on its line? With mode 1 emptied line ends don't count. */
   int prevIsNewline(int mode) const;
-  /** Is the anchor preceded by an identifier and a colon, and perhaps the word postponed? */
+  /** Is the anchor preceded by a name and a colon, and perhaps the word postponed? */
   int prevIsLabel() const;
   /** Code of the count-th token ahead that is no blank, line end or comment; T_EOF at the end. */
   int LookForward(int count) const;
   /** Columns before the anchor on its line: of the output as far as it is laid out with mode 1, of
-      the source with mode 0. Right only if no earlier call was for a later position whose line has
-      been laid out again since. */
+      the source with mode 0. Asks `ruler`, which has to know of changes before the anchor. */
   int getColumn(int mode);
 
   // --- Indentation (indentation.cpp) ---
@@ -133,7 +127,7 @@ class VhdlScanner {
   void setTokenIndent();
   /** popIndent, and the anchor token takes the indent: a closing word at the level of its head. */
   void popTokenIndent();
-  /** The same for a word in mid-structure: what follows it is one step in again. */
+  /** The same for a word amid a structure: what follows it is one step in again. */
   void outdentToken(IndentKind kind = LEVEL_STATEMENT);
   /** One step in for what follows the anchor, unless the label of the statement has done so. */
   void indentUnlessLabelled();
@@ -145,7 +139,7 @@ class VhdlScanner {
   void setNextSpaces(int count);
   void setPrevSpaces(int count);
   /** Ends the line after the anchor and moves the anchor onto the line end; does nothing if a
-      comment follows on the line. */
+      comment follows that ends the line. */
   void setNextNewline();
   /** setNextNewline after a head or a whole statement: the next token starts a statement. */
   void endLine();
@@ -168,11 +162,8 @@ class VhdlScanner {
   void handleComment();
   void placeOwnLineComment(VhdlToken& comment, bool fresh);
   void placeTrailingComment(VhdlToken& comment);
-  /** Places a line of a delimited comment, which moves with the comment's first line, or a line for
-      a tool, and ends it. Moves the anchor as handleComment does. */
   [[gnu::noinline]] void placeWholeLine(VhdlToken& line);  // rare; must not slow the cursor
   void endCommentLine();
-  /** Each branch of a conditional directive starts from the state before the first. */
   void obeyDirective(VhdlToken& directive);
 
   // --- Cursor (cursor.cpp): how every handler reads. The anchor is left on the token returned ---
@@ -193,14 +184,13 @@ class VhdlScanner {
   void Default();
   void Identifier();
   void ParameterList();
-  /** Does the anchor begin a statement, so that it can't be a name? */
+  /** Does the anchor, a newer word, begin a statement? Else it is a name. */
   bool opensStatement();
   void SemiColon();
   void Bracket();
   void External();
   void PassOver() {}
   void waitForSemiColon();
-  /** Reads the rest of a statement and ends it. */
   void finishStatement();
   /** Reads on to the closing parenthesis of that level. */
   void waitForParenClose(int level);
@@ -234,12 +224,8 @@ class VhdlScanner {
   void endProcessHead();
   void Begin();
   void End();
-  /** `end;` or `end LABEL;` of an alternative of a generate statement, which continues. */
   bool endsAlternative() const;
-  /** `end for;` of a binding in a declarative part, whose semicolon has closed its level. */
   bool endsBindingFor() const;
-  /** Moves the anchor token out to the level of the head of its structure, whose next part follows;
-      in a case generate statement to that of the choice. */
   void nextPart();
   void LeftBrace() { endHead(); }
   void RightBrace();
@@ -251,7 +237,6 @@ class VhdlScanner {
   void Signal() { objectDeclaration(3); }
   void File();
   void Alias();
-  /** With that many blanks before the name, which bring it nine columns right of the word. */
   void objectDeclaration(int blanks);
   void Attribute();
   void Group();
@@ -267,51 +252,40 @@ class VhdlScanner {
   void Procedure() { Function(); }
   void Pure();
   void Impure() { Pure(); }
-  /** The list after the anchor's parenthesis, one entry per line, in a block at the level of the
-      head; the parenthesis alone on its line. One indent remains for the semicolon. */
+  // From the anchor's opening parenthesis to the closing one.
   void entriesInBlock();
   void entryBlock();
-  /** With that many blanks before the parenthesis. */
   void parametersInColumn(int blanks);
   void genericsOfSubprogram();
   bool hasSeveralIndexRanges();
-  /** Starts a line with the word that begins a definition: one step in from its type, in style B at
-      the type. */
   void startDefinition();
   void openElements();
   void closeElements();
-  /** Reads a class and an optional box; returns the code of the token after them, which is consumed
-      too. */
   int readEntityClass();
 
   // --- Lists (lists.cpp) ---
 
   void Port();
   void PortMap();
-  /** The list of a clause in a block one step in; the parenthesis at the end of its line. */
   void interfaceBlock(const VhdlToken& paren);
-  /** Requires the anchor on or just after the opening token; leaves it on the closing one. Only a
-      list that is not of parameters can hold subprograms, with parameters of their own. */
+  /** The anchor is on the word or parenthesis that opens the list, or on the line end after it, and
+      is left on the `end` or parenthesis that closes it. If none is ahead, nothing is read. */
   void InterfaceList(bool isOfParameters = false);
-  // Entries of a list of generics: from the anchor's word to the end of its own list, if it has
-  // one.
   void interfaceSubprogram();
   void interfacePackage();
   void AssociationList(int level);
   void WrappedList(int level, int separator, int stop);
   /** Sets the blanks before the anchor that bring it to that width after the indent; at least 1. */
   void alignAt(int width);
-  /** No blank before the anchor's separator, a line end after it. */
   void endEntry();
-  /** The number of entries up to the stop on that level; 2 means two or more, 0 that it never
-      comes. The anchor stays. */
+  // Measuring (lookahead.h) starts from the anchor, which stays.
+  /** The entries up to the stop, at most severalEntries; 0 if it never comes. */
   int CountListEntries(int level, int separator, int stop);
   /** Is it known that there is no `end` and no closing parenthesis of that level ahead? */
   bool isLeftOpen(int level) const;
-  /** Longer names of an InterfaceList do not widen the colon column. */
   int longestInterfaceName() const;
-  /** The measuring functions look ahead from the anchor, which stays; T_EOF if the list never ends.
-      Names longer than the limit don't count. */
+  /** Width of the longest name up to the limit, or formal, as alignAt wants it; T_EOF if the list
+      never ends. The former also sets the columns of words. */
   int LongestInterfaceIdentifier(int limit);
   int LongestAssociationIdentifier(int& hasArrow);
   /** Set the blanks after the mode or class words of the list ahead; the latter returns the width
@@ -323,12 +297,9 @@ class VhdlScanner {
 
   // --- Control statements (statements.cpp) ---
 
-  /** After the last word of a head: the body stands one step in from the head. */
   void openBody();
-  /** After `is` or the arrow of a choice: the statements are two steps in from `case`. */
   void openAlternative(IndentKind kind);
   void openBinding();
-  /** At the maps of a binding without an entity. */
   void openMaps();
   void If();
   void BetweenIfThen();
@@ -337,16 +308,13 @@ class VhdlScanner {
   bool isElseGenerate() const;
   void Case();
   void When();
-  /** After a statement's first word: a condition, up to the semicolon or, in a value, `else`. */
   void whenAmidStatement();
-  /** Reads on to the arrow of the choice, or to a semicolon. False if the input ended first. */
   bool readChoice();
   void For();
   void While();
   void Loop();
   void Wait();
   void Assert();
-  // Of properties.
   void Directive();
   void CheckedDirective();
 
@@ -358,13 +326,12 @@ class VhdlScanner {
   void SelectedSignalAssignment();
   void readWaveform(int level);
   void startElement(int level);
-  /** Width of what precedes the anchor in its statement or line; 0 from identLength on. */
+  /** Width of what precedes the anchor, or a token ahead, in its statement or line; 0 from
+      identLength on. */
   int prevTargetLength();
-  /** The same for a token ahead. */
   int targetLengthAhead(const VhdlToken& token) const;
   /** The longest target of the run of statements that starts with the anchor's. */
   int determineTargetLength(int typ, int orTyp);
-  /** The next semicolon ahead, or null. */
   const VhdlToken* nextSemicolon();
   /** The blanks before the anchor that bring it to the column of the run. */
   int blanksBeforeAssignment(int typ, int orTyp);
@@ -378,16 +345,15 @@ class VhdlScanner {
   struct LineInHand;
   void LineBreak();
   void drawOutComment(VhdlToken& comment);
-  /** Fixes the line that a token makes too long. Returns the token before the next one to visit if
-      the line was broken or a comment was dealt with; null if there is no place to break. */
+  /** Fixes the line that a token makes too long. Returns the token before the next one to visit;
+      null if there is no place to break. */
   VhdlToken* WrapLine(VhdlToken& overflow, LineInHand& line);
-  /** Ends the line after a token. Returns the new line end. */
   VhdlToken* breakBehind(VhdlToken& candidate, LineInHand& line);
   /** Shifts the indents of the line after its first token along with that token's. */
   void ReindentLine(const VhdlToken& first, LineInHand& line);
   /** Updates columns and indents after a token, to the end of its line. */
   void finishLine(const VhdlToken& overflow, LineInHand& line);
-  /** Fixes the comments from a place on. Returns the token before the next one to visit. */
+  /** The same for the comments from a place on. */
   VhdlToken* breakComments(VhdlToken& place, LineInHand& line);
   /** Shortens or splits the first comment at or after the anchor, and all comments that follow with
       only blanks and line ends in between. Moves the anchor past the last of them. */
@@ -419,12 +385,9 @@ class VhdlScanner {
 
   LineRuler ruler;      // width of the output line; who changes a blank before it must report it
   StopIndex stopIndex;  // stops ahead of the cursor, which reports every token that it passes
-  struct Context {
-    const VhdlToken* at;  // where determineContext was called last
-    int typ;              // its answer
-  } context{nullptr, -1};
+  ContextMemory context;
   // By code: the semicolon after which determineTargetLength last found no further statement of a
-  // run. It depends on source lines and codes alone, which never change.
+  // run. That depends on source lines and codes alone, which never change.
   TokenTable<const VhdlToken*> runEnds{nullptr};
 
   // --- What survives Reset ---

@@ -7,12 +7,13 @@
 #include <cstddef>
 #include <vector>
 
+#include "base/memoryblock.h"
+
 class Arena {
  public:
   Arena() = default;
   Arena(const Arena&) = delete;
   Arena& operator=(const Arena&) = delete;
-  ~Arena();
 
   /** An uninitialised block, aligned for numbers and pointers, that lives until `clear`. If memory
       is exhausted, the handler of operator new is called. */
@@ -31,14 +32,9 @@ class Arena {
  private:
   static constexpr std::size_t alignment = alignof(void*);
 
-  struct Slab {
-    char* start;
-    std::size_t size;
-  };
   void goToNextSlab(std::size_t wanted);
-  void freeSlabs();
 
-  std::vector<Slab> slabs;
+  std::vector<MemoryBlock> slabs;
   std::size_t used = 0;  // slabs in use; blocks are cut from the last of them
   char* fresh = nullptr;
   char* freshEnd = nullptr;

@@ -3,8 +3,8 @@
 
 #include <algorithm>
 #include <cerrno>
-#include <cstdlib>
 #include <cstring>
+#include <utility>
 
 #include "base/fatal.h"
 #include "base/system/paths.h"
@@ -21,36 +21,33 @@ std::size_t expectedSize(FILE* stream) {
 
 }  // namespace
 
-SourceText::~SourceText() { std::free(text); }
-
 void SourceText::read(FILE* stream, const char* name) {
   size = 0;
   reserve(std::max(expectedSize(stream), smallestBlock));
   for (;;) {
-    size += std::fread(text + size, 1, capacity - size, stream);
+    size += std::fread(block.begin() + size, 1, capacity() - size, stream);
     if (std::ferror(stream) != 0) fatalError(name, std::strerror(errno));
     if (std::feof(stream) != 0) break;
-    if (size == capacity) reserve(2 * capacity);
+    if (size == capacity()) reserve(2 * size);
   }
   closeText();
 }
 
 void SourceText::set(std::string_view source) {
-  size = source.size();
-  reserve(size);
-  source.copy(text, size);
+  size = 0;
+  reserve(source.size());
+  size = source.copy(block.begin(), source.size());
   closeText();
 }
 
 void SourceText::closeText() {
-  text[size] = '\n';
-  std::memset(text + size + 1, '\0', padding);
+  block.begin()[size] = '\n';
+  std::memset(block.begin() + size + 1, '\0', padding);
 }
 
 void SourceText::reserve(std::size_t wanted) {
-  if (text != nullptr && capacity >= wanted) return;
-  void* wider = std::realloc(text, wanted + 1 + padding);  // grows a large block without copying
-  if (wider == nullptr) outOfMemory();
-  text = static_cast<char*>(wider);
-  capacity = wanted;
+  if (wanted + terminator <= block.size()) return;
+  MemoryBlock wider(wanted + terminator);
+  std::copy_n(block.begin(), size, wider.begin());
+  block = std::move(wider);
 }

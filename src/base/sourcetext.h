@@ -6,6 +6,8 @@
 #include <cstdio>
 #include <string_view>
 
+#include "base/memoryblock.h"
+
 /** Owns the text. A line feed and `padding` zeros follow the end and are not part of it. */
 class SourceText {
  public:
@@ -14,7 +16,6 @@ class SourceText {
   SourceText() = default;
   SourceText(const SourceText&) = delete;
   SourceText& operator=(const SourceText&) = delete;
-  ~SourceText();
 
   /** Reads the stream from its position to its end and leaves it open. A read error is fatal, with
       the name in its message. */
@@ -22,17 +23,20 @@ class SourceText {
   /** Takes a copy. */
   void set(std::string_view source);
 
-  const char* begin() const { return text; }
-  const char* end() const { return text + size; }
-  std::string_view view() const { return {text, size}; }
+  const char* begin() const { return block.begin(); }
+  const char* end() const { return block.begin() + size; }
+  std::string_view view() const { return {block.begin(), size}; }
 
  private:
+  static constexpr std::size_t terminator = 1 + padding;
+
+  /** Makes room for that many bytes; the text so far is kept. */
   void reserve(std::size_t wanted);
+  std::size_t capacity() const { return block.size() - terminator; }
   void closeText();
 
-  char* text = nullptr;
+  MemoryBlock block;
   std::size_t size = 0;
-  std::size_t capacity = 0;  // without the terminating characters
 };
 
 #endif

@@ -27,12 +27,18 @@ struct Pragma {
   int typ;
 };
 
+constexpr std::string_view pragmaMark = "--QORN-";
 constexpr Pragma pragmas[] = {
-    {"--QORN-ON", T_FORMAT_ON},
-    {"--QORN-OFF", T_FORMAT_OFF},
-    {"--QORN-INDENT-ON", T_INDENT_ON},
-    {"--QORN-INDENT-OFF", T_INDENT_OFF},
+    {"ON", T_FORMAT_ON},
+    {"OFF", T_FORMAT_OFF},
+    {"INDENT-ON", T_INDENT_ON},
+    {"INDENT-OFF", T_INDENT_OFF},
 };
+
+/** Does the text begin with a word in capitals, in whatever case? */
+bool startsWith(const char* at, std::string_view word) {
+  return std::ranges::all_of(word, [&at](char letter) { return asciiUpper(*at++) == letter; });
+}
 
 /** A digit of the class, then further ones, each with at most one `_` before it. */
 std::size_t matchDigits(const char* at, int digits) {
@@ -161,17 +167,15 @@ bool isTickBeforeLiteral(const char* at) {
   return at[1] == '(' && at[2] == '\'' && isCharacterLiteral(at + 2);
 }
 
-std::size_t matchComment(const char* at) {
-  const char* here = at;
-  while (*here != '\n' && *here != '\r') ++here;
-  return static_cast<std::size_t>(here - at);
+std::size_t matchComment(const char* at, const char* lineEnd) {
+  const std::string_view line(at, static_cast<std::size_t>(lineEnd - at));
+  return std::min(line.find('\r'), line.size());
 }
 
 int commentTyp(const char* at) {
+  if (!startsWith(at, pragmaMark)) return T_COMMENT;
   for (const Pragma& pragma : pragmas) {
-    std::size_t same = 0;
-    while (same < pragma.word.size() && asciiUpper(at[same]) == pragma.word[same]) ++same;
-    if (same == pragma.word.size()) return pragma.typ;
+    if (startsWith(at + pragmaMark.size(), pragma.word)) return pragma.typ;
   }
   return T_COMMENT;
 }

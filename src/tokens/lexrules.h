@@ -58,8 +58,8 @@ constexpr auto charClasses = [] {
 [[nodiscard]] bool isCharacterLiteral(const char* at);
 /** `'(` and a character literal: a qualified expression, not the literal of a parenthesis. */
 [[nodiscard]] bool isTickBeforeLiteral(const char* at);
-/** From the two hyphens up to the line feed or carriage return, neither included. */
-[[nodiscard]] std::size_t matchComment(const char* at);
+/** From the two hyphens up to the line end or a carriage return before it, neither included. */
+[[nodiscard]] std::size_t matchComment(const char* at, const char* lineEnd);
 /** The code of a comment by its first word: one of the pragmas, or T_COMMENT. */
 [[nodiscard]] int commentTyp(const char* at);
 

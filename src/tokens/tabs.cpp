@@ -8,7 +8,15 @@
 int TabExpander::passBlanks(const char*& at) {
   const char* here = at;
   long end = column;
-  for (; *here == ' ' || *here == '\t'; ++here) end += *here == ' ' ? 1 : toNextStop(end);
+  for (;; ++here) {
+    if (*here == ' ') {
+      ++end;
+    } else if (*here == '\t') {
+      end += toNextStop(end);
+    } else {
+      break;
+    }
+  }
   if (*here == '\v' || *here == '\f') return -1;
   const long count = end - column;
   if (count >= INT_MAX) outOfMemory();  // lengths are integers

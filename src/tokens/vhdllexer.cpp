@@ -2,6 +2,7 @@
 // ones the more specific. A NUL byte ends the stored text of its token.
 #include "tokens/vhdllexer.h"
 
+#include <algorithm>
 #include <array>
 #include <climits>
 
@@ -135,6 +136,8 @@ class Lexer {
     return text;
   }
   static std::string_view storable(std::string_view text);
+  /** The end of the line of the source that `at` is on. */
+  const char* endOfLine();
   /** Adds a token with a text that need not be the source's, or with a number of blanks. */
   template <typename Text>
   VhdlToken& addToken(int typ, Text text) {
@@ -143,6 +146,7 @@ class Lexer {
 
   const char* at;
   const char* end;
+  const char* lineEnd = nullptr;  // the line feed found last
   bool isOdd;  // does the source hold NUL bytes, or texts too long for an integer?
   LexState& state;
   TokenList& yytoklist;
@@ -153,6 +157,16 @@ template <bool isModern>
 std::string_view Lexer<isModern>::storable(std::string_view text) {
   if (text.size() > INT_MAX) outOfMemory();
   return text.substr(0, text.find('\0'));
+}
+
+// Carriage returns may end any number of comments on one line, so its end is searched for once.
+template <bool isModern>
+const char* Lexer<isModern>::endOfLine() {
+  if (lineEnd < at) {
+    const std::string_view rest(at, static_cast<std::size_t>(end - at));
+    lineEnd = at + std::min(rest.find('\n'), rest.size());
+  }
+  return lineEnd;
 }
 
 template <bool isModern>
@@ -239,7 +253,7 @@ void Lexer<isModern>::addCommentOrDelimiter() {
     return;
   }
   const int typ = commentTyp(at);
-  const std::size_t length = matchComment(at);
+  const std::size_t length = matchComment(at, endOfLine());
   typ == T_COMMENT ? (void)addExpanded(typ, length) : addVerbatim(typ, length);
 }
 

@@ -3,16 +3,6 @@
 #include "base/columns.h"
 #include "scanner/vhdlscanner.h"
 
-namespace {
-
-/** Width of the blank before a token, 0 if there is none. */
-int blanksBefore(const VhdlToken& behind) {
-  const VhdlToken* token = behind.getPrev();
-  return typAt(token) == T_WHITESPACE ? token->textLength(1) : 0;
-}
-
-}  // namespace
-
 void VhdlScanner::setNextSpaces(int count) {
   VhdlToken* next = peekForward();
   if (next == nullptr) {
@@ -25,14 +15,26 @@ void VhdlScanner::setNextSpaces(int count) {
 }
 
 void VhdlScanner::setPrevSpaces(int count) {
-  VhdlToken* prev = peekBack();
-  if (prev == nullptr) {
-    if (count != 0) tokenList.addItemFirst(T_WHITESPACE, getParenLevel())->setFormatBlanks(count);
-  } else if (prev->getTyp() == T_WHITESPACE) {
-    prev->setFormatBlanks(count);
-  } else if (count > 0) {
-    tokenList.addItemBehind(*prev, T_WHITESPACE, getParenLevel())->setFormatBlanks(count);
+  VhdlToken* token = anchorToken();
+  if (token != nullptr) {
+    setSpacesBefore(*token, count);
+  } else if (count != 0) {
+    tokenList.addItemFirst(T_WHITESPACE, /*level*/ 0)->setFormatBlanks(count);
   }
+}
+
+int VhdlScanner::setSpacesBefore(VhdlToken& token, int count) {
+  VhdlToken* blank = token.getPrev();
+  int before = 0;
+  if (typAt(blank) == T_WHITESPACE) {
+    before = blank->textLength(1);
+  } else if (count > 0) {
+    blank = tokenList.addItemBefore(token, T_WHITESPACE, token.getParenLevel());
+  } else {
+    return 0;
+  }
+  blank->setFormatBlanks(count);
+  return blank->textLength(1) - before;
 }
 
 // A comment after the anchor stays on its line, and ends it.
@@ -112,9 +114,5 @@ void VhdlScanner::IndentLine(int delta) {
   VhdlToken* first = place == nullptr ? nullptr : ruler.findFirst(place);
   if (first == nullptr) return;
   if (delta != 0) first->setIndent(addColumns(first->getIndent(), delta));
-  const int before = blanksBefore(*first);
-  tokenList.setAnchor(first);
-  setPrevSpaces(first->getIndent());
-  tokenList.setAnchor(place);
-  ruler.indented(first, blanksBefore(*first) - before);
+  ruler.indented(first, setSpacesBefore(*first, first->getIndent()));
 }

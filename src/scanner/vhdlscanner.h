@@ -138,6 +138,8 @@ class VhdlScanner {
 
   void setNextSpaces(int count);
   void setPrevSpaces(int count);
+  /** Sets the blanks before a token. Returns by how many there are more than before. */
+  int setSpacesBefore(VhdlToken& token, int count);
   /** Ends the line after the anchor and moves the anchor onto the line end; does nothing if a
       comment follows that ends the line. */
   void setNextNewline();

@@ -40,7 +40,7 @@ TEST(GuessTest, FindsTheStyleOfFormattedTexts) {
         "TABIFY TRUE TABSIZE 8 INDENTATION 8 LINEWIDTH 100 ASSOCIATIONLIST LIST"}) {
     SCOPED_TRACE(configuration);
     const std::vector<std::string> texts = textsIn(configuration);
-    const Guess guess = guessSettings(texts, "a few texts", 2);
+    const Guess guess = guessSettings(texts, texts.size(), 2);
     EXPECT_NE(guess.text.find("0.0 % with these settings"), std::string::npos) << guess.text;
     const std::vector<ConfigText> files{{"guess", guess.text}};
     EXPECT_TRUE(checkSettings(files).complaints.empty());
@@ -49,7 +49,7 @@ TEST(GuessTest, FindsTheStyleOfFormattedTexts) {
 
 TEST(GuessTest, ThreadsMakeNoDifference) {
   const std::vector<std::string> texts(3, "entity e is end;\nEntity f is\nend f;\n");
-  EXPECT_EQ(guessSettings(texts, "", 1).text, guessSettings(texts, "", 3).text);
+  EXPECT_EQ(guessSettings(texts, 3, 1).text, guessSettings(texts, 3, 3).text);
 }
 
 TEST(GuessTest, SamplesAreSpreadAndBounded) {

@@ -98,5 +98,23 @@ export function createFormatter(module) {
     return { ...JSON.parse(decoder.decode(parts[0])), complaints: linesOf(parts[1]) };
   }
 
-  return { format, readConfig };
+  /**
+   * @param {number[]} sizes
+   * @returns {number[]}
+   */
+  function drawSample(sizes) {
+    const { parts } = caller.call('sample', [encoder.encode(sizes.join('\n'))]);
+    return linesOf(parts[0]).map(Number);
+  }
+
+  /**
+   * @param {(string | Uint8Array)[]} texts
+   * @param {number} [fileCount]
+   */
+  function guessConfig(texts, fileCount = texts.length) {
+    const { parts } = caller.call('guess', texts.map(bytesOf), [fileCount]);
+    return decoder.decode(parts[0]);
+  }
+
+  return { format, readConfig, drawSample, guessConfig };
 }

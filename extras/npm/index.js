@@ -9,4 +9,4 @@ async function load() {
   return WebAssembly.compile(new Uint8Array(await readFile(address)));
 }
 
-export const { format, readConfig } = createFormatter(await load());
+export const { format, readConfig, drawSample, guessConfig } = createFormatter(await load());

@@ -6,7 +6,7 @@ import { setImmediate } from 'node:timers/promises';
 import { findSources, reasonOf, replaceFile, stateOf } from './command/files.js';
 import { readOptions, usage } from './command/options.js';
 import { SettingSource } from './command/settingsource.js';
-import { format, readConfig } from './index.js';
+import { drawSample, format, guessConfig, readConfig } from './index.js';
 
 const status = { done: 0, changes: 1, trouble: 2 };
 
@@ -188,6 +188,23 @@ async function showSettings(path, settings) {
   return configuration.complaints.length > 0 ? status.changes : status.done;
 }
 
+/** @type {(paths: string[], isForced: boolean) => Promise<number>} */
+async function guess(paths, isForced) {
+  const { files, trouble } = findSources(paths.length > 0 ? paths : ['.'], isForced);
+  for (const line of trouble) await say(`qornfmt: ${line}`);
+  const texts = drawSample(files.map((file) => statSync(file).size)).flatMap((place) => {
+    try {
+      return [readFileSync(files[place])];
+    } catch {
+      return []; // others tell enough
+    }
+  });
+  const config = guessConfig(texts, files.length);
+  if (!config) throw new Error('there are no VHDL files to guess from');
+  await print(process.stdout, config);
+  return trouble.length > 0 ? status.trouble : status.done;
+}
+
 /** @returns {string} */
 function versionText() {
   const { version } = JSON.parse(readFileSync(new URL('./package.json', import.meta.url), 'utf8'));
@@ -211,6 +228,7 @@ async function run(args) {
     await print(process.stdout, options.help ? usage : versionText());
     return status.done;
   }
+  if (options.guess) return guess(paths, Boolean(options.force));
   const settings = new SettingSource(options.config, readConfig);
   if (options.settings) return showSettings(paths[0] ?? '.', settings);
   const report = new Report(options);

@@ -2,6 +2,7 @@
 // as parts of a result; a call takes all arguments and sets all parts. Want of memory is a trap, or
 // a call of proc_exit: the instance is then of no more use, and the caller makes another.
 #include <array>
+#include <cstdlib>
 #include <deque>
 #include <new>
 #include <string>
@@ -11,7 +12,9 @@
 
 #include "config/settings.h"
 #include "fmt/formattext.h"
+#include "fmt/guess.h"
 #include "fmt/judgement.h"
+#include "fmt/textform.h"
 #include "keys.h"
 
 #define QORN_EXPORT(name) extern "C" __attribute__((export_name(#name)))
@@ -123,6 +126,34 @@ QORN_EXPORT(format) int format(int keepIndentation, int tabSize) {
     parts[PART_DIFF] = diffOf(name, text, judgement);
   }
   return judgement.verdict;
+}
+
+/** Which of many files to guess from. Arguments: their sizes, one a line. Gives places, one a line,
+    counted from 0. */
+QORN_EXPORT(sample) void sample() {
+  parts = {};
+  const std::string text = takeArgument();
+  std::vector<std::size_t> sizes;
+  for (const char* next = text.c_str(); *next != '\0';) {
+    char* end = nullptr;
+    sizes.push_back(std::strtoul(next, &end, 10));
+    next = end + (*end == '\0' ? 0 : 1);
+  }
+  for (const std::size_t place : drawSample(sizes)) {
+    parts[PART_TEXT].append(std::to_string(place)).append("\n");
+  }
+}
+
+/** A configuration that suits texts as they are, a sample of so many files; an empty text if none
+   of them can be read. Arguments: the texts. */
+QORN_EXPORT(guess) void guess(std::size_t fileCount) {
+  parts = {};
+  std::vector<std::string> texts;
+  while (!arguments.empty()) {
+    const std::string content = takeArgument();
+    if (findUnreadable(content).reason.empty()) (void)takeOffForm(content, texts.emplace_back());
+  }
+  if (!texts.empty()) parts[PART_TEXT] = guessSettings(texts, fileCount, /*threads*/ 1).text;
 }
 
 /** The table of keys with the values that configurations give them, as JSON; what is wrong with

@@ -2,10 +2,8 @@
 #ifndef QORN_BASE_THREADS_H
 #define QORN_BASE_THREADS_H
 
-#include <thread>
-
-/** Starts `body(argument)` in a thread that receives no signals; false if the system grants
-    none. */
-[[nodiscard]] bool startThread(std::thread& thread, void (*body)(void*), void* argument);
+/** Calls `body(argument)` in the calling thread and in as many others as `threads` adds to it and
+   the system grants; those receive no signals. Returns when all calls have. */
+void runInThreads(unsigned threads, void (*body)(void*), void* argument);
 
 #endif

@@ -223,9 +223,8 @@ FmtStatus guess(const FmtOptions& options) {
   }
   const std::vector<std::string> texts = readTexts(sources.files, drawSample(sizes));
   if (texts.empty()) return fail("there are no VHDL files to guess from");
-  const std::string origin = "Guessed by qornfmt from " + std::to_string(texts.size()) + " of " +
-                             std::to_string(sizes.size()) + " files.";
-  const bool isPrinted = printOutput(guessSettings(texts, origin, threadsFor(options)).text);
+  const std::string text = guessSettings(texts, sizes.size(), threadsFor(options)).text;
+  const bool isPrinted = printOutput(text);
   return isPrinted && sources.trouble.empty() ? FMT_DONE : FMT_TROUBLE;
 }
 

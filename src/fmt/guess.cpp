@@ -6,14 +6,14 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
+#include <atomic>
 #include <utility>
 
+#include "base/threads.h"
 #include "config/configreader.h"
 #include "config/settings.h"
 #include "fmt/comparison.h"
 #include "fmt/formattext.h"
-#include "fmt/inorder.h"
 #include "fmt/samplestyles.h"
 #include "fmt/settingcheck.h"
 #include "tokens/vhdllexer.h"
@@ -31,8 +31,6 @@ constexpr long long leastWorth = 2000;  // a key has to save one line of so many
 struct Cost {
   std::size_t changed = 0;  // lines of the sources
   std::size_t lines = 0;    // the same, but no fewer than the lines that replace them
-
-  static std::size_t weight() { return sizeof(Cost); }
 };
 
 std::size_t countLines(std::string_view text) {
@@ -55,6 +53,24 @@ Cost costOf(const std::string& text, const Settings& settings, bool isSettled) {
   }
   return cost;
 }
+
+/** The costs of each text under each candidate; any number of threads take part. */
+struct Trials {
+  const std::vector<std::string>& texts;
+  const std::vector<Settings>& candidates;
+  bool isSettled;
+  std::vector<Cost> costs{texts.size() * candidates.size()};
+  std::atomic<std::size_t> next = 0;
+
+  static void takePart(void* trials) { static_cast<Trials*>(trials)->takeItems(); }
+
+  void takeItems() {
+    const std::size_t count = texts.size();
+    for (std::size_t item = next++; item < costs.size(); item = next++) {
+      costs[item] = costOf(texts[item % count], candidates[item / count], isSettled);
+    }
+  }
+};
 
 // --- Values to try ---
 
@@ -96,7 +112,7 @@ std::vector<int> valuesOf(const Setting& row) {
 constexpr std::array styles{C_LOWERCASE, C_UPPERCASE, C_CAPITALIZED, C_CAPITALIZEAFTERUNDERSCORE};
 constexpr std::array styleNames{"lower case", "upper case", "capitals at the front",
                                 "capitals after each underscore"};
-constexpr double nearlyAll = 0.99;
+constexpr std::size_t nearlyAll = 99;  // percent
 
 struct CaseCount {
   std::size_t words = 0;
@@ -132,12 +148,13 @@ void countWords(const std::string& text, std::array<CaseCount, caseGroupCount>& 
 }
 
 /** "12 %", and a digit after the point where it matters. */
-std::string percent(double part, double whole) {
-  const double share = whole == 0 ? 0 : 100 * part / whole;
-  std::array<char, 32> text;
-  const int digits = share >= 10 && share < 99.5 ? 0 : 1;
-  const int length = std::snprintf(text.data(), text.size(), "%.*f %%", digits, share);
-  return {text.data(), static_cast<std::size_t>(length)};
+std::string percent(std::size_t part, std::size_t whole) {
+  const auto rounded = [&](std::size_t scale) {
+    return whole == 0 ? 0 : (scale * part + whole / 2) / whole;
+  };
+  const std::size_t tenths = rounded(1000);
+  if (tenths >= 100 && tenths < 995) return std::to_string(rounded(100)) + " %";
+  return std::to_string(tenths / 10) + '.' + std::to_string(tenths % 10) + " %";
 }
 
 /** The style of nearly all words, the default one first; else as they are. */
@@ -151,11 +168,11 @@ CaseGuess guessCase(const CaseCount& count, int defaultStyle, std::string_view w
     }
   }
   if (count.words == 0) return {defaultStyle, ""};
-  const auto most = static_cast<double>(count.ofStyle[best]);
-  const auto words = static_cast<double>(count.words);
+  const std::size_t most = count.ofStyle[best];
   std::string remark =
-      percent(most, words) + " of " + std::string(what) + " are in " + styleNames[best];
-  return {most >= nearlyAll * words ? styles[best] : static_cast<int>(C_ASIS), std::move(remark)};
+      percent(most, count.words) + " of " + std::string(what) + " are in " + styleNames[best];
+  const bool isStyle = 100 * most >= nearlyAll * count.words;
+  return {isStyle ? styles[best] : static_cast<int>(C_ASIS), std::move(remark)};
 }
 
 constexpr struct {
@@ -175,7 +192,7 @@ class Search {
     for (const std::string& text : texts) lines += countLines(text);
   }
 
-  Guess run(std::string_view origin);
+  Guess run(std::size_t fileCount);
 
  private:
   void chooseCases();
@@ -207,19 +224,14 @@ void Search::chooseCases() {
 }
 
 std::vector<Cost> Search::costs(const std::vector<Settings>& candidates, bool isSettled) {
-  const std::size_t count = texts.size();
+  Trials trials{.texts = texts, .candidates = candidates, .isSettled = isSettled};
+  runInThreads(threads, Trials::takePart, &trials);
   std::vector<Cost> sums(candidates.size());
-  std::size_t delivered = 0;
-  auto work = [&](std::size_t item) {
-    return costOf(texts[item % count], candidates[item / count], isSettled);
-  };
-  auto deliver = [&](const Cost& cost) {
-    Cost& sum = sums[delivered++ / count];
-    sum.changed += cost.changed;
-    sum.lines += cost.lines;
-    return true;
-  };
-  InOrder<Cost, decltype(work), decltype(deliver)>(count * sums.size(), work, deliver).run(threads);
+  for (std::size_t item = 0; item < trials.costs.size(); ++item) {
+    Cost& sum = sums[item / texts.size()];
+    sum.changed += trials.costs[item].changed;
+    sum.lines += trials.costs[item].lines;
+  }
   return sums;
 }
 
@@ -289,7 +301,7 @@ void Search::weighKeys() {
       if (worth <= static_cast<long long>(lines) / leastWorth) {
         setNumber(best, row, defaults.*row.number);
       } else {
-        chosen.push_back({row.key, percent(static_cast<double>(worth), static_cast<double>(lines)) +
+        chosen.push_back({row.key, percent(static_cast<std::size_t>(worth), lines) +
                                        " more of the lines would change with " +
                                        settingValue(row, defaults)});
       }
@@ -303,9 +315,7 @@ std::string Search::shares() {
     candidates.push_back(makeSettings({&style.configuration, 1}));
   }
   const std::vector<Cost> results = costs(candidates, /*isSettled*/ true);
-  const auto shareOf = [&](std::size_t place) {
-    return percent(static_cast<double>(results[place].changed), static_cast<double>(lines));
-  };
+  const auto shareOf = [&](std::size_t place) { return percent(results[place].changed, lines); };
   std::string text = "# Lines that would change: " + shareOf(0) + " with these settings, " +
                      shareOf(1) + " with the defaults.\n# Sample styles:";
   for (std::size_t i = 0; i < sampleStyles().size(); ++i) {
@@ -314,7 +324,7 @@ std::string Search::shares() {
   return text + ".\n";
 }
 
-Guess Search::run(std::string_view origin) {
+Guess Search::run(std::size_t fileCount) {
   chooseCases();
   chooseTabs();
   for (int round = 0; round < mostRounds; ++round) {
@@ -325,7 +335,8 @@ Guess Search::run(std::string_view origin) {
     if (!isBetter) break;
   }
   weighKeys();
-  std::string text = "# " + std::string(origin) + "\n\n" + settingsText(best, chosen);
+  std::string text = "# Guessed by qornfmt from " + std::to_string(texts.size()) + " of " +
+                     std::to_string(fileCount) + " files.\n\n" + settingsText(best, chosen);
   text += (chosen.empty() ? "" : "\n") + shares();
   return {best, std::move(text)};
 }
@@ -348,7 +359,7 @@ std::vector<std::size_t> drawSample(const std::vector<std::size_t>& sizes) {
   return places;
 }
 
-Guess guessSettings(const std::vector<std::string>& texts, std::string_view origin,
+Guess guessSettings(const std::vector<std::string>& texts, std::size_t fileCount,
                     unsigned threads) {
-  return Search(texts, threads).run(origin);
+  return Search(texts, threads).run(fileCount);
 }

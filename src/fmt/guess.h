@@ -5,7 +5,6 @@
 
 #include <cstddef>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "scanner/settings.h"
@@ -20,9 +19,9 @@ struct Guess {
 };
 
 /** Tries the values of each key on the texts, which have plain line ends, until none gets better.
-    `origin` is what the first line says of the texts. Runs in that many threads; the result does
+    They are a sample of so many files. Runs in that many threads; the result does
     not depend on their number. */
-[[nodiscard]] Guess guessSettings(const std::vector<std::string>& texts, std::string_view origin,
+[[nodiscard]] Guess guessSettings(const std::vector<std::string>& texts, std::size_t fileCount,
                                   unsigned threads);
 
 #endif

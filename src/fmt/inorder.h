@@ -8,9 +8,7 @@
 #include <cstddef>
 #include <map>
 #include <mutex>
-#include <thread>
 #include <utility>
-#include <vector>
 
 #include "base/threads.h"
 
@@ -23,18 +21,8 @@ class InOrder {
   InOrder(std::size_t itemCount, Work& itemWork, Deliver& itemDeliver)
       : count(itemCount), work(itemWork), deliver(itemDeliver) {}
 
-  /** Runs in the calling thread and as many others as `threads` adds to it and the system grants.
-   */
-  void run(unsigned threads) {
-    std::vector<std::thread> others(threads - 1);
-    for (std::thread& other : others) {
-      if (!startThread(other, takePart, this)) break;
-    }
-    takePart(this);
-    for (std::thread& other : others) {
-      if (other.joinable()) other.join();
-    }
-  }
+  /** Runs in the calling thread and as many others as `threads` adds to it, at most. */
+  void run(unsigned threads) { runInThreads(threads, takePart, this); }
 
  private:
   static constexpr std::size_t mostHeld = std::size_t{8} << 20;  // bytes

@@ -15,6 +15,7 @@ layout of comments may differ.
   -c, --config FILE         settings from this file alone; else from $QORNRC, or from the
                             nearest .qornrc in the folder of a file or above
       --settings [PATH]     print the settings that apply there, and what has no effect
+      --guess               print the settings that suit the sources as they are
   -j, --jobs N              without effect here
   -q, --quiet               print no summaries and no warnings
       --force               format files with any suffix
@@ -32,6 +33,7 @@ const known = {
   'stdin-filename': { type: 'string' },
   config: { type: 'string', short: 'c' },
   settings: { type: 'boolean' },
+  guess: { type: 'boolean' },
   jobs: { type: 'string', short: 'j' },
   quiet: { type: 'boolean', short: 'q' },
   force: { type: 'boolean' },
@@ -47,6 +49,7 @@ const known = {
  * @property {string} [stdin-filename]
  * @property {string} [config]
  * @property {boolean} [settings]
+ * @property {boolean} [guess]
  * @property {boolean} [quiet]
  * @property {boolean} [force]
  * @property {boolean} [help]
@@ -75,6 +78,10 @@ function findContradiction(options, paths) {
     [options.config === '', '-c needs the name of a file'],
     [hasInput && paths.length > 1, "standard input (-) can't be formatted along with files"],
     [options.lines && paths.length > 1, '--lines needs one file, or standard input'],
+    [
+      options.guess && (isJudging || options.settings || hasInput || options.config !== undefined),
+      '--guess looks at files and prints settings',
+    ],
     [options.settings && isJudging, '--settings prints settings and formats nothing'],
     [options.settings && paths.length > 1, '--settings needs one path'],
     [

@@ -115,6 +115,8 @@ test('the program says and ends as the native one', { skip: !process.env.QORNFMT
     [['--diff', '--stdin-filename', 'deep/x.vhd'], raw],
     [['--stdin-filename', 'deep/x.vhd'], raw],
     [['--settings', 'deep']],
+    [['--guess', 'deep', 'missing.vhd', 'a.vhd', 'zero.vhd']],
+    [['--guess', '-']],
     [['-c', 'none.rc', 'a.vhd']],
     [['--lines', '3:2', 'a.vhd']],
     [['-q', '.']],

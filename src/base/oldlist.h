@@ -2,9 +2,9 @@
 //
 // The contract of the cursor:
 // - A list has one current position, the anchor: an item or null. It starts as null.
-// - getFirst, getLast, getNext and getPrev move it and return the item that it ends on. Walking off
-//   either end leaves it null, and from null getNext and getPrev lead nowhere: only getFirst,
-//   getLast and popAnchor bring it back.
+// - getFirst, getLast, getNext and getPrev move it and return the item that it ends on. A step off
+//   either end leaves it null, and from null getNext and getPrev lead nowhere.
+// - setAnchor puts it on any item, or on none.
 // - pushAnchor and popAnchor save and restore it, null included, nested to any depth, last in,
 //   first out. A pop without a push leaves null.
 // - addItemAnchor leaves it on the new item; the other insertions leave it where it was.

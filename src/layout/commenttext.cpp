@@ -22,6 +22,14 @@ std::string_view pairOf(std::string_view text, std::string_view chars) {
 
 }  // namespace
 
+// A filled frame is extended to the margin. Another pair is closed up with the title, or dropped if
+// it is of hyphens, unless FRAMEBLOCKCOMMENTS keeps it at the margin. With LINEWIDTH 24:
+//     -- Title ====  | -- Title ===============
+//     -- Title   ==  | -- Title==
+//     -- Title   --  | -- Title
+// With LINEWIDTH 24 FRAMEBLOCKCOMMENTS TRUE:
+//     -- Title   ==  | -- Title              ==
+//     -- Title --    | -- Title              --
 void VhdlToken::alignComment(int width, std::string_view chars, int frame, Arena& arena) {
   if (typ != T_COMMENT) return;
   const std::string_view source = viewText(1);
@@ -44,6 +52,8 @@ void VhdlToken::alignComment(int width, std::string_view chars, int frame, Arena
   setFormatText(drawn.view(), arena);
 }
 
+// Filler beyond the margin goes, but one character of it stays after a title. With LINEWIDTH 24:
+//     -- Title --------------------------  | -- Title ---------------
 void VhdlToken::trimmComment(int width, std::string_view pair, Arena& arena) {
   if (typ != T_COMMENT) return;
   const std::string_view source = viewText(1);
@@ -63,6 +73,9 @@ void VhdlToken::trimmComment(int width, std::string_view pair, Arena& arena) {
   setFormatText(trimmed, arena);
 }
 
+// Every piece ends in the pair of the whole. With LINEWIDTH 24:
+//     -- one two three four five six **  | -- one two three four**
+//                                        | -- five six**
 std::span<char> VhdlToken::stripComment(int width, std::string_view chars, Arena& arena) {
   if (typ != T_COMMENT) return {};
   const DynString pair(pairOf(viewText(1), chars));

@@ -2,6 +2,7 @@
 // levels the indent stack is primed with, so that the fragment's closing words have levels to pop.
 #include "scanner/vhdlscanner.h"
 
+// A fragment that starts at column 8 has two levels, of 4 columns each, around it.
 void VhdlScanner::KeepIndentation() {
   const auto* token = tokenList.getFirst();
   while (isSpacing(token->getTyp())) token = stepForward();

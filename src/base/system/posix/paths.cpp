@@ -64,12 +64,13 @@ FileState stateOf(int descriptor) {
 }
 
 bool isSpecialFile(const char* path) {
+  const FileState entry = stateOfEntry(path);
+  if (entry.kind != LINK) return entry.kind == OTHER_FILE;
   if (stateOf(path).kind == OTHER_FILE) return true;
   // A link such as /dev/stdin, whatever it points to. Where /dev is no file system of its own, as
   // in a bare root, it cannot be told from others.
-  const FileState entry = stateOfEntry(path);
   const std::uint64_t devices = stateOf("/dev").device;
-  return entry.kind == LINK && entry.device == devices && devices != stateOf("/").device;
+  return entry.device == devices && devices != stateOf("/").device;
 }
 
 // --- Names as text ---

@@ -103,7 +103,7 @@ void VhdlScanner::LineBreak() {
   LineInHand line;
   bool isWrapping = true;
   VhdlToken* token = tokenList.getFirst();
-  while (token != nullptr && (token = token->getNext()) != nullptr) {
+  while ((token = token->getNext()) != nullptr) {
     const int typ = token->getTyp();
     const int length = token->textLength(1);
     if (typ == T_NEWLINE && length > 0) {

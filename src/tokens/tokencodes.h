@@ -72,7 +72,7 @@ constexpr auto caseGroups = [] {
 /** Any comment, pragma comments, tool directives and encrypted lines included: no part of the code
     around it. */
 [[nodiscard]] constexpr bool isComment(int typ) {
-  return typ == T_COMMENT || (typ >= T_INLINECOMMENT && typ <= T_END_DIRECTIVE);
+  return typ == T_COMMENT || typ >= T_INLINECOMMENT;  // up to the last code
 }
 
 /** A comment with nothing after it on its line. */

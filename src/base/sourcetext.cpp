@@ -14,8 +14,7 @@ namespace {
 constexpr std::size_t smallestBlock = 65536;
 
 /** File size + 1, so that the last read finds the end of the file; 0 if it is no regular file. */
-std::size_t expectedSize(FILE* stream) {
-  const FileState state = stateOf(stream);
+std::size_t expectedSize(const FileState& state) {
   return state.kind == REGULAR_FILE ? static_cast<std::size_t>(state.size) + 1 : 0;
 }
 
@@ -23,7 +22,9 @@ std::size_t expectedSize(FILE* stream) {
 
 void SourceText::read(FILE* stream, const char* name) {
   size = 0;
-  reserve(std::max(expectedSize(stream), smallestBlock));
+  const FileState state = stateOf(stream);
+  if (state.kind == FOLDER) fatalError(name, std::strerror(EISDIR));
+  reserve(std::max(expectedSize(state), smallestBlock));
   for (;;) {
     size += std::fread(block.begin() + size, 1, capacity() - size, stream);
     if (std::ferror(stream) != 0) fatalError(name, std::strerror(errno));

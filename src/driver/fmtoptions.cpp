@@ -9,6 +9,8 @@
 #include <optional>
 #include <string_view>
 
+#include "base/system/paths.h"
+
 const char* const fmtUsage =
     "usage: qornfmt [OPTION...] [PATH...]\n"
     "\n"
@@ -101,7 +103,7 @@ std::string readOption(int letter, FmtOptions& options) {
       options.isChanged = true;
       if (optarg != nullptr) options.revision = value;
       return {};
-    case OPTION_INPUT_NAME: options.inputName = value; return {};
+    case OPTION_INPUT_NAME: options.inputName = withSlashes(value); return {};
     case OPTION_SETTINGS: options.isSettings = true; return {};
     case OPTION_GUESS: options.isGuess = true; return {};
     case OPTION_FORCE: options.isForced = true; return {};
@@ -158,7 +160,7 @@ bool readFmtOptions(int argc, char** argv, FmtOptions& options) {
     if (letter == '?') return false;
     if (complaint.empty()) complaint = readOption(letter, options);
   }
-  options.paths.assign(argv + optind, argv + argc);
+  for (int i = optind; i < argc; ++i) options.paths.push_back(withSlashes(argv[i]));
   if (complaint.empty()) complaint = findContradiction(options);
   if (!complaint.empty()) std::fprintf(stderr, "qornfmt: %s\n", complaint.c_str());
   return complaint.empty();

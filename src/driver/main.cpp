@@ -32,8 +32,6 @@ void version(FILE* stream) { std::fprintf(stream, "qorn version: %s\n", programV
 
 void useHelp() { std::fputs("use qorn -h for help\n", stderr); }
 
-void interrupted() { endRun(STATUS_INTERRUPTED); }
-
 /** -1 if -t is given without a number above 0, which is then reported. */
 int checkTabsize(const char* value) {
   if (value[0] == '\0' || integerAt(value) > 0) return 0;
@@ -105,6 +103,6 @@ ExitStatus run(int argc, char** argv) {
 int main(int argc, char** argv) {
   prepareRun(argc, argv);
   std::set_new_handler(outOfMemory);
-  endOnInterruption(interrupted);
+  endOnInterruption(STATUS_INTERRUPTED);
   endRun(run(argc, argv));
 }

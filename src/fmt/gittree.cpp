@@ -12,7 +12,7 @@
 
 namespace {
 
-constexpr std::size_t namesPerCommand = 200;
+constexpr std::size_t bytesPerCommand = 16000;  // of names; Windows takes 32767 in all
 
 constexpr const char* misleadingVariables[] = {
     "GIT_DIFF_OPTS",      "GIT_EXTERNAL_DIFF",    "GIT_LITERAL_PATHSPECS",
@@ -182,9 +182,14 @@ bool GitTree::listUnstaged(const std::vector<std::string>& names, std::vector<Gi
 
 bool GitTree::readHunks(std::vector<GitChange>& changes) {
   std::vector<GitChange*> wanted;
+  std::size_t size = 0;
   for (GitChange& change : changes) {
-    if (change.isPlain() && change.hasOldLines()) wanted.push_back(&change);
-    if (wanted.size() == namesPerCommand && !readPatch(wanted)) return false;
+    if (!change.isPlain() || !change.hasOldLines()) continue;
+    wanted.push_back(&change);
+    size += change.name.size() + change.oldName.size() + 32;  // and the words around them
+    if (size < bytesPerCommand) continue;
+    if (!readPatch(wanted)) return false;
+    size = 0;
   }
   return readPatch(wanted);
 }

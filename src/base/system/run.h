@@ -19,8 +19,8 @@ void removeFromEnvironment(const char* name);
 /** From here on each of them calls `last`, then ends the run as it would have. Ignored ones stay
     ignored, and a file that exceeds the file size limit is a write error instead. */
 void endOnSignals(void (*last)());
-/** From here on an interruption by the user calls `end`, which must not return. */
-void endOnInterruption(void (*end)());
+/** From here on an interruption by the user ends the run with this status. */
+void endOnInterruption(int status);
 
 /** Delays them until they are released. To be called in pairs by a thread; pairs nest. */
 void holdSignals();

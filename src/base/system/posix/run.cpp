@@ -6,6 +6,8 @@
 #include <csignal>
 #include <cstdlib>
 
+#include "base/exitstatus.h"
+
 void prepareRun(int&, char**&) {}
 
 std::optional<std::string> environmentValue(const char* name) {
@@ -25,7 +27,7 @@ namespace {
 constexpr int endingSignals[] = {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGPIPE, SIGXCPU};
 
 void (*beforeTheEnd)() = nullptr;
-void (*atInterruption)() = nullptr;
+volatile std::sig_atomic_t interruptedStatus = 0;
 thread_local int holds = 0;
 thread_local sigset_t signalsBefore;
 
@@ -42,7 +44,7 @@ extern "C" void endBySignal(int signal) {
   std::raise(signal);  // delivered when this handler returns; it is what the caller sees
 }
 
-extern "C" void interrupt(int) { atInterruption(); }
+extern "C" void interrupt(int) { endRun(static_cast<ExitStatus>(interruptedStatus)); }
 
 }  // namespace
 
@@ -61,8 +63,8 @@ void endOnSignals(void (*last)()) {
   std::signal(SIGXFSZ, SIG_IGN);
 }
 
-void endOnInterruption(void (*end)()) {
-  atInterruption = end;
+void endOnInterruption(int status) {
+  interruptedStatus = status;
   std::signal(SIGINT, interrupt);
   std::signal(SIGTERM, interrupt);
 }

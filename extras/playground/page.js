@@ -16,11 +16,13 @@ const config = at('config');
 
 // --- The worker ---
 
-const worker = new Worker(URL.createObjectURL(new Blob([WORKER], { type: 'text/javascript' })));
+const workerUrl = URL.createObjectURL(new Blob([WORKER], { type: 'text/javascript' }));
+const worker = new Worker(workerUrl);
 let isBusy = false;
 let isWaiting = false;
 
 function refresh() {
+  at('start').value = Object.keys(STYLES).find((name) => STYLES[name] === config.value) ?? '';
   isWaiting = isBusy;
   if (isBusy) return;
   isBusy = true;
@@ -176,6 +178,35 @@ function readAddress() {
   refresh();
 }
 
+// --- Guessing ---
+
+/** @type {Worker | undefined} */
+let guesser;
+
+/** @param {string} message */
+function endGuess(message) {
+  guesser?.terminate();
+  guesser = undefined;
+  at('guess').textContent = 'Guess from the text';
+  at('guessing').hidden = true;
+  at('guessed').textContent = message;
+}
+
+/** In a worker of its own, which can be stopped: each key is tried on the whole text. */
+function guess() {
+  guesser = new Worker(workerUrl);
+  at('guess').textContent = 'Stop guessing';
+  at('guessing').hidden = false;
+  at('guessed').textContent = 'Guessing …';
+  guesser.addEventListener('message', ({ data }) => {
+    if (data) setConfig(data);
+    const [, share] = /^# (Lines that would change: .*)/m.exec(data) ?? [];
+    endGuess(share ?? 'There is nothing to guess from');
+  });
+  guesser.addEventListener('error', (event) => endGuess(`Guessing failed: ${event.message}`));
+  guesser.postMessage({ text: source.value, isGuess: true });
+}
+
 // --- Buttons ---
 
 /** @type {(id: string, type: string, handler: (target: any) => void) => void} */
@@ -185,7 +216,7 @@ function on(id, type, handler) {
 
 /** @type {(button: HTMLElement, text: string) => Promise<void>} */
 async function copy(button, text) {
-  const label = button.textContent;
+  button.dataset.label ??= button.textContent ?? '';
   try {
     await navigator.clipboard.writeText(text);
   } catch {
@@ -198,7 +229,7 @@ async function copy(button, text) {
   }
   button.textContent = 'Copied';
   setTimeout(() => {
-    button.textContent = label;
+    button.textContent = button.dataset.label ?? '';
   }, 1500);
 }
 
@@ -225,6 +256,7 @@ on('next', 'click', () => {
   visited = change.line;
   result.select(change.line, change.count);
 });
+on('guess', 'click', () => (guesser ? endGuess('Guessing stopped') : guess()));
 on('copy-result', 'click', (target) => copy(target, result.text));
 on('copy-config', 'click', (target) => copy(target, config.value));
 on('copy-link', 'click', (target) => copy(target, location.href));

@@ -2,12 +2,9 @@
 import bytes from '../../build/wasm/qorn.wasm';
 import { createFormatter } from '../npm/formatter.js';
 
-const { format, readConfig } = createFormatter(new WebAssembly.Module(bytes));
+const { format, guessConfig, readConfig } = createFormatter(new WebAssembly.Module(bytes));
 
-addEventListener('message', ({ data: { text, config } }) => {
-  postMessage({
-    result: format(text, { config, name: 'line' }),
-    table: readConfig(config),
-    config,
-  });
+addEventListener('message', ({ data: { text, config, isGuess } }) => {
+  if (isGuess) postMessage(guessConfig([text]));
+  else postMessage({ result: format(text, { config, name: 'line' }), table: readConfig(config) });
 });

@@ -335,8 +335,10 @@ Guess Search::run(std::size_t fileCount) {
     if (!isBetter) break;
   }
   weighKeys();
-  std::string text = "# Guessed by qornfmt from " + std::to_string(texts.size()) + " of " +
-                     std::to_string(fileCount) + " files.\n\n" + settingsText(best, chosen);
+  const std::string sample =
+      fileCount == 1 ? "1 file"
+                     : std::to_string(texts.size()) + " of " + std::to_string(fileCount) + " files";
+  std::string text = "# Guessed by qornfmt from " + sample + ".\n\n" + settingsText(best, chosen);
   text += (chosen.empty() ? "" : "\n") + shares();
   return {best, std::move(text)};
 }

@@ -24,6 +24,7 @@ async function open(t, { hash = '', ...options } = {}) {
     await context.close();
     assert.deepEqual(errors, []);
   });
+  page.setDefaultTimeout(120_000);
   await page.goto(address + hash);
   await page.locator('.key').first().waitFor();
   return page;
@@ -70,7 +71,27 @@ test('text, form, configuration and address follow each other', async (t) => {
     buffer: Buffer.from('KEYWORDCASE CAPITALIZED'),
   });
   await resultWith(other, 'Entity uart_tx');
+  assert.equal(await other.getByLabel('Start from').inputValue(), '');
   await shoot(other, 'light');
+});
+
+test('a style is guessed from the text', async (t) => {
+  const page = await open(t);
+  await page
+    .locator('#source')
+    .fill('entity Ab is\n  port (\n    Cd : in bit\n  );\nend;\n'.repeat(9));
+  await page.getByRole('button', { name: 'Guess' }).press('Enter');
+  await page.getByText('Lines that would change: 0.0 %').waitFor();
+  await page.getByText('Nothing to change').waitFor();
+  assert.equal(await page.getByLabel('INDENTATION', { exact: true }).inputValue(), '2');
+  await shoot(page, 'guessed');
+  await page.locator('#source').evaluate((field) => {
+    field.value = field.value.repeat(2000);
+  });
+  await page.getByRole('button', { name: 'Guess' }).press('Enter');
+  await page.getByRole('progressbar').waitFor();
+  await page.getByRole('button', { name: 'Stop guessing' }).press('Enter');
+  await page.getByText('Guessing stopped').waitFor();
 });
 
 test('a refused text stays', async (t) => {
@@ -92,12 +113,14 @@ test('the keyboard reaches everything, and everything has a name', async (t) => 
       .map((control) => control.id),
   );
   assert.deepEqual(unnamed, []);
-  await page.locator('#source').fill('x<=y;\nx <= y;\nx<=z;\n');
+  await page.locator('#source').fill(`x<=y;\nx <= y;\nx<=z;\n-- ${'long '.repeat(60)}\n`);
   await resultWith(page, 'x <= z');
   await page.locator('#next').press('Enter');
   await page.locator('#next').press('Enter');
   const selected = await page.evaluate(() => getSelection().toString());
   assert.equal(selected.trim(), 'x <= z;');
+  const isScrollable = ({ scrollWidth, clientWidth }) => scrollWidth > clientWidth;
+  assert.ok(await page.locator('#result').evaluate(isScrollable), 'long lines can be reached');
   await shoot(page, 'narrow');
 });
 

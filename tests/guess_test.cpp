@@ -63,7 +63,7 @@ TEST(GuessTest, SamplesAreSpreadAndBounded) {
 TEST(GuessTest, SampleStylesAreThoseOfTheExamples) {
   std::size_t files = 0;
   for (const fs::directory_entry& entry : fs::directory_iterator(examples / "styles")) {
-    files += entry.path().extension() == ".qornrc" && entry.path().stem() != "defaults" ? 1 : 0;
+    files += entry.path().extension() == ".qornrc" && entry.path().stem() != "defaults" ? 1U : 0U;
   }
   EXPECT_EQ(sampleStyles().size(), files);
   for (const SampleStyle& style : sampleStyles()) {

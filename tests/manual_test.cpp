@@ -106,7 +106,7 @@ TEST(ManualTest, DefaultsAreThoseOfTheProgram) {
   std::string text;
   std::string key;
   bool isNext = false;
-  for (std::string line : linesOf("/docs/qornrc.5")) {
+  for (const std::string& line : linesOf("/docs/qornrc.5")) {
     if (line.starts_with(".It Ic ")) key = line.substr(7, line.find(' ', 7) - 7);
     if (isNext) text += key + " " + std::regex_replace(line.substr(4), std::regex(R"(\\&)"), "");
     if (line.starts_with("Default: ")) text += key + line.substr(8);

@@ -15,7 +15,7 @@ std::string essence(TokenList& list, int formatted) {
     const bool isComment = token->getTyp() == T_COMMENT;
     const std::string_view dropped = isComment ? " \t\v\f-=*" : " \t\n\v\f";
     for (const char letter : textOf(*token, formatted)) {
-      if (dropped.find(letter) == dropped.npos) text += asciiUpper(letter);
+      if (dropped.find(letter) == std::string_view::npos) text += asciiUpper(letter);
     }
   }
   return text;

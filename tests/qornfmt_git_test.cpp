@@ -11,7 +11,8 @@ namespace {
 // Every case starts in the root of a work tree where old.vhd is committed: four formatted lines.
 constexpr const char* repository =
     "export HOME=$PWD GIT_CONFIG_NOSYSTEM=1 GIT_AUTHOR_NAME=a GIT_AUTHOR_EMAIL=a@example.org"
-    " GIT_COMMITTER_NAME=a GIT_COMMITTER_EMAIL=a@example.org; mkdir tree; cd tree; git init -q;"
+    " GIT_COMMITTER_NAME=a GIT_COMMITTER_EMAIL=a@example.org GIT_DISCOVERY_ACROSS_FILESYSTEM=1;"
+    " mkdir tree; cd tree; git init -q;"
     " printf 'USE a;\\nUSE b;\\nUSE c;\\nUSE d;\\n' >old.vhd; git add old.vhd; git commit -qm 1;"
     " edit() { sed -i \"$1\" old.vhd; }; index() { git cat-file blob \":0:$1\"; };\n";
 

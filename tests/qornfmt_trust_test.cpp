@@ -86,25 +86,25 @@ TEST(QornfmtTrustTest, TouchesNothingWhenMemoryRunsOut) {
   EXPECT_GT(failures, 3);
 }
 
-TEST(QornfmtTrustTest, EndsWholeBySignals) {
+// Two threads are at work, so that the other one is anywhere.
+TEST(QornfmtTrustTest, EndsWholeByASignal) {
+#ifdef QORN_HAS_ADDRESS_SANITIZER
+  GTEST_SKIP() << "the sanitizer wants to be loaded first";
+#endif
   const TempFolder folder;
-  int ended = 0;
-  for (int round = 0; round < 12; ++round) {
-    std::string names;
+  for (const char* fault : {"rename:1:TERM", "rename:40:TERM", "open:200:TERM", "fstat:100:TERM"}) {
+    SCOPED_TRACE(fault);
     for (int i = 0; i < 300; ++i) folder.write("f" + std::to_string(i) + ".vhd", oldText);
-    const char* signal = round % 2 == 0 ? "INT" : "TERM";
     const ProgramRun run = shell(
-        folder, std::string("timeout -s ") + signal + " 0.0" + std::to_string(10 + 3 * round) +
-                    " qornfmt -q -j 2 .; s=$?; ls -A | grep -c -v '^f[0-9]*[.]vhd$'; exit $s");
+        folder, std::string("QORN_FAIL=") + fault + " LD_PRELOAD='" + QORN_FAILING +
+                    "' qornfmt -q -j 2 .; s=$?; ls -A | grep -c -v '^f[0-9]*[.]vhd$'; exit $s");
     EXPECT_EQ(run.out, "0\n");
-    EXPECT_TRUE(run.status == 124 || run.status == 0) << run.status;
-    if (run.status == 124) ++ended;
+    EXPECT_EQ(run.status, 128 + SIGTERM);
     for (int i = 0; i < 300; ++i) {
       const std::string text = folder.read("f" + std::to_string(i) + ".vhd");
       EXPECT_TRUE(text == oldText || text == newText) << text;
     }
   }
-  EXPECT_GT(ended, 0);
 }
 
 }  // namespace

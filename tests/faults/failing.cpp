@@ -6,6 +6,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <cerrno>
 #include <csignal>
 #include <cstdarg>
@@ -15,7 +16,7 @@
 namespace {
 
 bool isToFail(const char* name) {
-  static int calls = 0;
+  static std::atomic<int> calls = 0;  // by any thread
   const char* wanted = std::getenv("QORN_FAIL");
   const std::size_t length = std::strlen(name);
   if (wanted == nullptr || std::strncmp(wanted, name, length) != 0 || wanted[length] != ':') {
@@ -25,7 +26,7 @@ bool isToFail(const char* name) {
   if (++calls != std::strtol(wanted + length + 1, &rest, 10)) return false;
   if (std::strcmp(rest, ":KILL") == 0) std::raise(SIGKILL);
   if (std::strcmp(rest, ":SAVE") == 0) return truncate("a.vhd", 3) != 0;
-  if (std::strcmp(rest, ":TERM") == 0) return std::raise(SIGTERM) != 0;
+  if (std::strcmp(rest, ":TERM") == 0) return kill(getpid(), SIGTERM) != 0;
   errno = std::atoi(rest + 1);
   return true;
 }

@@ -22,8 +22,7 @@ constexpr std::string_view sample =
 void requireKeyBehind(std::string_view text) {
   ConfigList keys;
   xxlex(std::string(text) + "\n'\"'\"\nINDENT 3\n", keys);
-  require(shown(static_cast<QornConfigToken&>(*keys.getLast())) == "INDENTATION=3",
-          "no text lasts");
+  require(shown(*keys.getLast()) == "INDENTATION=3", "no text lasts");
 }
 
 bool isModest(const Settings& settings) {

@@ -82,7 +82,7 @@ void addWords(std::string& words, std::string_view comment, std::string_view mar
     const std::size_t end = std::min(comment.find(' '), comment.size());
     const std::string_view word = comment.substr(0, end);
     const std::size_t last = word.find_last_not_of(blockCharacters);
-    if (last != word.npos) words.append(word.substr(0, last + 1)).append(" ");
+    if (last != std::string_view::npos) words.append(word.substr(0, last + 1)).append(" ");
     comment.remove_prefix(std::min(end + 1, comment.size()));
   }
 }

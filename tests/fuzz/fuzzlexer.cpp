@@ -9,8 +9,8 @@ namespace {
     dropped between tokens. */
 std::string comparable(std::string_view text, std::string_view input) {
   std::string dropped;
-  if (input.find('\r') != input.npos) dropped += '\r';
-  if (input.find('\t') != input.npos) dropped += "\t ";
+  if (input.find('\r') != std::string_view::npos) dropped += '\r';
+  if (input.find('\t') != std::string_view::npos) dropped += "\t ";
   std::string result = without(text, dropped);
   std::ranges::replace(result, '!', '|');
   return result;
@@ -38,7 +38,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::vector<Lexed> tokens = lexed(input);
   require(tokens.back().typ == T_EOF && tokens.back().text.empty(), "the end closes the list");
   require(std::ranges::count(tokens, T_EOF, &Lexed::typ) == 1, "there is one end");
-  if (input.find('\0') != input.npos) return 0;  // ends the text of its token
+  if (input.find('\0') != std::string_view::npos) return 0;  // ends the text of its token
   for (const int edition : {1993, 2019}) {
     std::string joined;
     for (const Lexed& token : lexed(input, /*tabSize*/ 4, edition)) joined += token.text;

@@ -166,6 +166,7 @@ def depths():
     yield shape("nested if, indentation 0", 100000, nested("", "if a then\n", "b := c;\n", "end if;\n", ""), flat)
     yield shape("nested if left open, indentation 0", 100000, nested("", "if a then\n", "b := c;\n", "", ""), flat)
     yield shape("nested array types, indentation 0", 100000, nested("type t is ", "array (", "a", ")", " of b;\n"), flat)
+    yield shape("assignments left open, then names", 100000, lambda n: "a := " * n + "; " + "x " * n)
     yield shape("surplus end", 100000, nested("", "end;\n", "", "", ""))
     yield shape("surplus end if", 100000, nested("", "end if;\n", "", "", ""))
 

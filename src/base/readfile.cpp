@@ -9,11 +9,11 @@
 
 namespace {
 
-constexpr std::size_t smallestBlock = 4096;
+constexpr std::size_t smallestRead = 4096;
 
 /** The first block has the expected size plus one byte, so that the end is found. */
 std::string readBlocks(int descriptor, std::size_t expected, std::string& text) {
-  text.resize(std::max(expected + 1, smallestBlock));
+  text.resize(std::max(expected + 1, smallestRead));
   std::size_t size = 0;
   for (;;) {
     const std::ptrdiff_t count = readSome(descriptor, text.data() + size, text.size() - size);

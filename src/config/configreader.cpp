@@ -34,7 +34,7 @@ constexpr int letterCount = 26;
 /** The index of the first form of each letter; after the last letter, the number of forms. */
 constexpr auto formStarts = [] {
   std::array<std::size_t, letterCount + 1> starts{};
-  for (const ConfigForm& form : forms) ++starts[static_cast<std::size_t>(form.text[0] - 'A' + 1)];
+  for (const ConfigForm& form : forms) ++starts[static_cast<std::size_t>(form.text[0] - 'A') + 1];
   for (std::size_t i = 1; i < starts.size(); ++i) starts[i] += starts[i - 1];
   return starts;
 }();

@@ -162,7 +162,7 @@ int ArgScan::checkExclusive(const char* letters) {
 int ArgScan::checkArgumentCount() {
   if (argumentCount == 0) return 0;
   int count = 0;
-  for (auto* text = getFirstArgument(); text != nullptr; text = getNextArgument()) ++count;
+  for (const char* text = getFirstArgument(); text != nullptr; text = getNextArgument()) ++count;
   const long most = -static_cast<long>(argumentCount);
   if (argumentCount > 0 ? count == argumentCount : count <= most) return 0;
   errors.cat(argumentCount > 0 ? "Error! " : "Error! maximal ");

@@ -7,18 +7,18 @@
 
 namespace {
 
-constexpr std::size_t longestShown = 40;
+constexpr std::size_t longestQuoted = 40;
 constexpr std::string_view remedy = "; put --QORN-OFF in front of it";
 constexpr std::string_view remedyOfPsl = "; set VHDL 2008";  // it is a bar in shielded lines, too
 
 /** In double quotes, truncated if long, and without anything that a terminal would obey. */
 std::string quoted(std::string_view text) {
   std::string result = "\"";
-  for (const char character : text.substr(0, longestShown)) {
+  for (const char character : text.substr(0, longestQuoted)) {
     const auto code = static_cast<unsigned char>(character);
     result += code < ' ' || code == 0x7F ? '?' : character;
   }
-  if (text.size() > longestShown) result += "...";
+  if (text.size() > longestQuoted) result += "...";
   return result + '"';
 }
 

@@ -49,12 +49,13 @@ GitChange takeChange(std::string_view& list) {
 
 std::vector<std::string> specsOf(const std::vector<std::string>& names, const char* magic) {
   std::vector<std::string> specs;
+  specs.reserve(names.size());
   for (const std::string& name : names) specs.push_back(magic + name);
   return specs;
 }
 
 /** What git says, without its own prefix, on one line. */
-std::string firstLine(std::string_view text) {
+std::string complaintOf(std::string_view text) {
   std::string_view line = text.substr(0, text.find('\n'));
   if (line.starts_with("fatal: ")) line.remove_prefix(7);
   return std::string(line);
@@ -75,7 +76,7 @@ bool GitTree::run(const std::vector<std::string>& words, std::string& output,
   ChildResult result = runProgram(command, input);
   output = std::move(result.output);
   if (result.status == 0) return true;
-  trouble = result.status < 0 ? result.trouble : "git: " + firstLine(result.trouble);
+  trouble = result.status < 0 ? result.trouble : "git: " + complaintOf(result.trouble);
   return false;
 }
 

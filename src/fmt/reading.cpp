@@ -18,9 +18,12 @@ std::string_view between(const char* from, const char* to) {
 }  // namespace
 
 Reading::Reading(std::string_view text, std::string_view frameCharacters)
-    : at(text.data()), end(text.data() + text.size()), lineStart(at), piece{{at, 0}, at,
-                                                                            1,       PieceKind::END,
-                                                                            true,    false} {
+    : at(text.data()), end(text.data() + text.size()), lineStart(at), piece{text.substr(0, 0),
+                                                                            at,
+                                                                            1,
+                                                                            PieceKind::END,
+                                                                            true,
+                                                                            false} {
   for (const char mark : frameCharacters) isFrame[static_cast<unsigned char>(mark)] = true;
 }
 

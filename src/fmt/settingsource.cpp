@@ -19,7 +19,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* configName = ".qornrc";
+constexpr const char* configFileName = ".qornrc";
 
 /** The name of a file as messages show it: relative if it is below the current folder. */
 std::string shownName(const fs::path& file) {
@@ -51,7 +51,7 @@ std::vector<std::string> filesOf(std::string_view folders) {
     const std::string_view folder = folders.substr(0, folders.find(folderListSeparator));
     folders.remove_prefix(std::min(folder.size() + 1, folders.size()));
     if (folder.empty()) continue;
-    const std::string file = withSlashes((fs::path(folder) / configName).string());
+    const std::string file = withSlashes((fs::path(folder) / configFileName).string());
     if (holdsConfiguration(file)) files.push_back(file);
   }
   return files;
@@ -97,7 +97,7 @@ const Configuration& SettingSource::nearest(const std::string& folder) {
       break;
     }
     passed.push_back(place.string());
-    const std::string file = withSlashes((place / configName).string());
+    const std::string file = withSlashes((place / configFileName).string());
     if (holdsConfiguration(file)) {
       answer = &read({file});
     } else if (isSearchEnd(place, home)) {

@@ -50,7 +50,7 @@ void VhdlScanner::placeLongComment(VhdlToken& comment) {
   if (run.reflowColumn != RunState::noColumn) {
     comment.setIndent(run.reflowColumn);
     IndentLine(0);
-  } else if (settings.lineWidth - column < settings.minimumFieldWidth) {
+  } else if (settings.lineWidth - column < Settings::minimumFieldWidth) {
     comment.setIndent(settings.commentStartColumn);
     setPrevNewline();
     IndentLine(0);

@@ -268,6 +268,7 @@ void VhdlScanner::genericsOfSubprogram() {
 
 // The level of the parenthesis itself is for a closing one that starts a line, which then stands
 // under it.
+// NOLINTNEXTLINE(misc-no-recursion): parameters hold no subprograms
 void VhdlScanner::parametersInColumn(int blanks) {
   setPrevSpaces(blanks);
   IndentLine(0);

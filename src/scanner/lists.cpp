@@ -112,6 +112,7 @@ void VhdlScanner::PortMap() {
 //                                      |     rst          : IN bit;
 //                                      |     CONSTANT n   : IN natural
 //                                      | );
+// NOLINTNEXTLINE(misc-no-recursion): parameters hold no subprograms
 void VhdlScanner::InterfaceList(bool isOfParameters) {
   const int colonOffset = LongestInterfaceIdentifier(longestInterfaceName());
   if (colonOffset == T_EOF) return;
@@ -144,6 +145,7 @@ void VhdlScanner::InterfaceList(bool isOfParameters) {
 //       (a : t; n : natural)  |     FUNCTION f(a : t;
 //       return t is <>);      |                n : natural) RETURN t IS <>
 //                             | );
+// NOLINTNEXTLINE(misc-no-recursion): parameters hold no subprograms
 void VhdlScanner::interfaceSubprogram() {
   getNextToken();  // its name
   if (LookForward(1) == T_PARAMETER) getNextToken();

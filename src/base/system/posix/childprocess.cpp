@@ -16,7 +16,7 @@
 
 #include "base/readfile.h"
 
-extern char** environ;
+extern char** environ;  // NOLINT(readability-redundant-declaration): of glibc alone
 
 namespace {
 
@@ -51,6 +51,7 @@ std::array<int, 2> makePipe() {
 /** 0, or an error number. The child gets signal handling as if its parent had never changed it. */
 int spawn(const std::vector<std::string>& words, const std::array<int, 3>& streams, pid_t& child) {
   std::vector<char*> arguments;
+  arguments.reserve(words.size() + 1);
   for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
   arguments.push_back(nullptr);
   posix_spawn_file_actions_t actions;

@@ -56,7 +56,7 @@ int writeAll(int descriptor, std::string_view text) {
     const ssize_t count = write(descriptor, text.data(), text.size());
     if (count >= 0) {
       text.remove_prefix(static_cast<std::size_t>(count));
-    } else if (errno == EAGAIN || errno == EWOULDBLOCK) {  // some process made it non-blocking
+    } else if (errno == EAGAIN) {  // some process made it non-blocking
       struct pollfd room {};
       room.fd = descriptor;
       room.events = POLLOUT;

@@ -6,6 +6,7 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <memory>
 #include <system_error>
@@ -96,7 +97,8 @@ std::string workingFolder() {
     if (errno != ERANGE) return {};
     buffer.resize(buffer.size() + step);
   }
-  return buffer.c_str();
+  buffer.resize(std::strlen(buffer.c_str()));
+  return buffer;
 }
 
 std::string temporaryFolder() {

@@ -7,7 +7,9 @@ const verdicts = ['same', 'changed', 'refused'];
 
 /** @param {string | Uint8Array} text */
 function bytesOf(text) {
-  return typeof text === 'string' ? encoder.encode(text) : text;
+  if (typeof text === 'string') return encoder.encode(text);
+  if (ArrayBuffer.isView(text)) return text;
+  throw new TypeError('a text has to be a string or a Uint8Array');
 }
 
 /** @param {Uint8Array} bytes */

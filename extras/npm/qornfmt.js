@@ -217,7 +217,8 @@ function read(args) {
     return readOptions(args);
   } catch (error) {
     const { message } = /** @type {Error} */ (error);
-    throw new Error(`${message}\nqornfmt --help lists the options`);
+    const [complaint] = message.split('. To specify'); // and advice that helps nobody here
+    throw new Error(`${complaint}\nqornfmt --help lists the options`);
   }
 }
 
@@ -248,6 +249,6 @@ try {
   process.exitCode = await run(process.argv.slice(2));
 } catch (error) {
   process.exitCode = status.trouble;
-  const { message } = /** @type {Error} */ (error);
-  await say(`qornfmt: ${message}`).catch(() => {});
+  const { message, code } = /** @type {NodeJS.ErrnoException} */ (error);
+  if (code !== 'EPIPE') await say(`qornfmt: ${message}`).catch(() => {});
 }

@@ -54,6 +54,8 @@ test('format', () => {
     assert.equal(result.changed, expected !== text, name);
     assert.match(result.complaints.join('\n'), complaint, name);
   }
+  assert.throws(() => format(42), /string or a Uint8Array/);
+  assert.throws(() => format(raw, { config: { KEYWORDCASE: 'LOWER' } }), TypeError);
   const latin = Uint8Array.from(Buffer.from('x<="\xe4";\n', 'latin1'));
   assert.equal(Buffer.from(format(latin).text).toString('latin1'), 'x <= "\xe4";\n');
   assert.deepEqual(format('a <= b;\nc<=d;\n').changes, [

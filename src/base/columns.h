@@ -6,16 +6,16 @@
 #include <algorithm>
 #include <climits>
 
-[[nodiscard]] constexpr int heldInRange(long long value) {
+[[nodiscard]] constexpr int saturated(long long value) {
   return static_cast<int>(std::clamp<long long>(value, -INT_MAX, INT_MAX));
 }
 
 [[nodiscard]] constexpr int addColumns(int left, int right) {
-  return heldInRange(static_cast<long long>(left) + right);
+  return saturated(static_cast<long long>(left) + right);
 }
 
 [[nodiscard]] constexpr int timesColumns(int count, int width) {
-  return heldInRange(static_cast<long long>(count) * width);
+  return saturated(static_cast<long long>(count) * width);
 }
 
 #endif

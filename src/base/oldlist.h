@@ -79,7 +79,7 @@ class OldList {
     return insert(place.prev, &place, std::forward<Arguments>(arguments)...);
   }
   template <typename... Arguments>
-  Item* addItemBehind(Item& place, Arguments&&... arguments) {
+  Item* addItemAfter(Item& place, Arguments&&... arguments) {
     return insert(&place, place.next, std::forward<Arguments>(arguments)...);
   }
   template <typename... Arguments>

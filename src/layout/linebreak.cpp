@@ -79,10 +79,10 @@ VhdlToken* findBreak(const VhdlToken& overflow, const VhdlToken* unbreakableUpTo
   VhdlToken* candidate = nullptr;
   int best = 0;
   bool isBlocked = false;
-  const VhdlToken* behind = &overflow;
-  while (behind->getColumn() != 0) {  // the first token of a line is scored too
-    VhdlToken* token = behind->getPrev();
-    int score = token->getWrapGravity(behind->getIndent());
+  const VhdlToken* follower = &overflow;
+  while (follower->getColumn() != 0) {  // the first token of a line is scored too
+    VhdlToken* token = follower->getPrev();
+    int score = token->getWrapGravity(follower->getIndent());
     if (isBlocked && score > 0) score = 0;
     isBlocked = score == -1;
     if (score > best) {  // of equal scores the rightmost wins
@@ -90,7 +90,7 @@ VhdlToken* findBreak(const VhdlToken& overflow, const VhdlToken* unbreakableUpTo
       candidate = token;
     }
     if (token == unbreakableUpTo) break;
-    behind = token;
+    follower = token;
   }
   return candidate;
 }
@@ -148,13 +148,13 @@ void VhdlScanner::drawOutComment(VhdlToken& comment) {
 VhdlToken* VhdlScanner::WrapLine(VhdlToken& overflow, LineInHand& line) {
   // An emptied blank after an unbreakable line: a break before it would remove the line end.
   if (isModern() && overflow.textLength(1) == 0) return nullptr;
-  overflow.setColumn(heldInRange(overflow.getColumn() + line.extraColumns));
+  overflow.setColumn(saturated(overflow.getColumn() + line.extraColumns));
   assert(overflow.getColumn() == ruler.read(&overflow, settings.indentation).column);
   VhdlToken* candidate = findBreak(overflow, line.unbreakableUpTo);
   const VhdlToken* comment = candidate == nullptr ? nullptr : commentAt(*candidate);
   if (candidate != nullptr && comment == nullptr) {
     SetColumnsInLine(&overflow);
-    return breakBehind(*candidate, line);
+    return breakAfter(*candidate, line);
   }
   // If a carriage return joins two comments on one line, the second leads back to the first. It is
   // broken once; after that the line counts as having no place to break.
@@ -173,11 +173,11 @@ VhdlToken* VhdlScanner::WrapLine(VhdlToken& overflow, LineInHand& line) {
   return nullptr;
 }
 
-// Blanks and line ends of the source after the break are emptied; where the next line is drawn up,
-// the shifts are not meant for it.
-VhdlToken* VhdlScanner::breakBehind(VhdlToken& candidate, LineInHand& line) {
+// Blanks and line ends after the break are emptied. If that joins the next line to this one, the
+// shifts end here: they are not meant for it.
+VhdlToken* VhdlScanner::breakAfter(VhdlToken& candidate, LineInHand& line) {
   if (candidate.getTyp() == T_WHITESPACE) candidate.setFormatText("");
-  VhdlToken* lineEnd = tokenList.addItemBehind(candidate, T_NEWLINE, /*level*/ 0);
+  VhdlToken* lineEnd = tokenList.addItemAfter(candidate, T_NEWLINE, /*level*/ 0);
   lineEnd->setFormatText("\n");
   ruler.forget();
   bool isNew = false;
@@ -220,8 +220,8 @@ void VhdlScanner::ReindentLine(const VhdlToken& first, LineInHand& line) {
   line.shifts.add(limit, shift);
 }
 
-// A comment is broken in place of the code: the code is not visited again, so all of the line is
-// measured here.
+// A comment is about to be broken in place of the code. The pass does not come back to this line,
+// so the rest of it is measured here.
 void VhdlScanner::finishLine(const VhdlToken& overflow, LineInHand& line) {
   int column = addColumns(overflow.getColumn(), overflow.textLength(1));
   bool isNew = &overflow == line.reached;

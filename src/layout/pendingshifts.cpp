@@ -25,11 +25,11 @@ int PendingShifts::apply(int indent) {
     totals.push_back(totals.back() + shifts[i].amount);
   }
   long long shifted = indent;
-  std::size_t place = startOfRun(0, shifted);
-  while (place < limits.size()) {
-    const std::size_t end = endOfRun(place, shifted);
-    shifted = heldInRange(shifted - (totals[end] - totals[place]));
-    place = startOfRun(end, shifted);
+  std::size_t index = startOfRun(0, shifted);
+  while (index < limits.size()) {
+    const std::size_t end = endOfRun(index, shifted);
+    shifted = saturated(shifted - (totals[end] - totals[index]));
+    index = startOfRun(end, shifted);
   }
   return static_cast<int>(shifted);
 }

@@ -14,7 +14,7 @@
 #include <cstddef>
 #include <vector>
 
-#include "base/blocktree.h"
+#include "base/segmenttree.h"
 
 class PendingShifts {
  public:
@@ -49,7 +49,7 @@ class PendingShifts {
   int smallest = INT_MAX;  // limit
   // Only of the shifts that had been added when one was last applied: most never are.
   std::vector<long long> totals{0};  // before each, and after the last
-  BlockTree<Bounds> limits;
+  SegmentTree<Bounds> limits;
 };
 
 #endif

@@ -136,8 +136,8 @@ void VhdlScanner::startElement(int level) {
   getParenLevel() == level ? setNextNewline() : setNextSpaces(1);
 }
 
-// Also for the initial value of an object, which is not aligned. What continues stands to the right
-// of the token. With LINEWIDTH 30:
+// After a colon, which is a declaration's or a label's, the token is not aligned. What continues
+// stands to the right of it. With LINEWIDTH 30:
 //     a := b;                            | a   := b;
 //     bcd := a_long_name + another_one;  | bcd := a_long_name +
 //                                        |        another_one;

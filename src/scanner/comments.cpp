@@ -21,10 +21,10 @@ void VhdlScanner::handleComment() {
 
 // The line end is consumed, or the cursor would drop it.
 void VhdlScanner::endCommentLine() {
-  VhdlToken* behind = stepForward();
-  if (behind == nullptr) return;
-  if (behind->getTyp() == T_NEWLINE) {
-    behind->setFormatText("\n");
+  VhdlToken* after = stepForward();
+  if (after == nullptr) return;
+  if (after->getTyp() == T_NEWLINE) {
+    after->setFormatText("\n");
   } else {  // a carriage return has ended the comment
     stepBack();
     setNextNewline();

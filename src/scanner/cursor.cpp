@@ -9,7 +9,7 @@ constexpr int kept = 99;  // in the table below: left alone
 /** How a token is spaced as it is read. */
 struct Spacing {
   int before = kept;   // blanks
-  int behind = kept;   // blanks
+  int after = kept;    // blanks
   int gravity = kept;  // priority of a line break after it; 0: no break; -1: nor directly before it
 };
 
@@ -58,7 +58,7 @@ VhdlToken* VhdlScanner::getNextToken() {
       const bool isCalled = typ == T_IDENTIFIER && LookForward(1) == T_LPAREN;
       const Spacing& spacing = isCalled ? calledName : spacings[typ];
       if (spacing.before != kept) setPrevSpaces(spacing.before);
-      if (spacing.behind != kept) setNextSpaces(spacing.behind);
+      if (spacing.after != kept) setNextSpaces(spacing.after);
       if (spacing.gravity != kept) token->setGravity(spacing.gravity);
       stopIndex.pass(tokenList.getAnchor());
       return token;

@@ -14,12 +14,12 @@ void VhdlScanner::objectDeclaration(int blanks) {
 
 // Not in `type t is file of word;`.
 void VhdlScanner::File() {
-  if (isName(typBehindBlanks())) objectDeclaration(5);
+  if (isName(typAfterBlanks())) objectDeclaration(5);
 }
 
 // Not for an operator symbol: `alias "+" is add;` is a statement like any other.
 void VhdlScanner::Alias() {
-  if (isName(typBehindBlanks())) objectDeclaration(4);
+  if (isName(typAfterBlanks())) objectDeclaration(4);
 }
 
 // Reads a template to its end; of a group, what follows the name of its template is left to the
@@ -28,7 +28,7 @@ void VhdlScanner::Alias() {
 //                                         |
 //     group p1 : pins (a, b);             | GROUP p1 : pins(a, b);
 void VhdlScanner::Group() {
-  if (!isName(typBehindBlanks())) return;
+  if (!isName(typAfterBlanks())) return;
   objectDeclaration(1);
   setNextSpaces(1);
   if (getNextTokenTyp() != T_LPAREN) return;
@@ -45,8 +45,8 @@ void VhdlScanner::Group() {
 // A class, an optional box, and the token after them, whose code is returned.
 int VhdlScanner::readEntityClass() {
   getNextToken();
-  const int behind = getNextTokenTyp();
-  return behind == T_BOX ? getNextTokenTyp() : behind;
+  const int after = getNextTokenTyp();
+  return after == T_BOX ? getNextTokenTyp() : after;
 }
 
 // Neither its colon nor its value is aligned.
@@ -65,12 +65,12 @@ void VhdlScanner::Attribute() {
 void VhdlScanner::Type() {
   stepIn();
   if (!isName(getNextTokenTyp())) return;
-  const int behind = getNextTokenTyp();
-  if (behind == T_SEMICOLON) {  // an incomplete type
+  const int after = getNextTokenTyp();
+  if (after == T_SEMICOLON) {  // an incomplete type
     endStatement();
     return;
   }
-  if (behind != T_IS || LookForward(1) != T_LPAREN) return;
+  if (after != T_IS || LookForward(1) != T_LPAREN) return;
   const VhdlToken* paren = getNextToken();
   if (settings.style == C_A) {
     waitForParenClose(paren->getParenLevel());

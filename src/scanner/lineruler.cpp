@@ -57,7 +57,7 @@ VhdlToken* LineRuler::findFirst(VhdlToken* place) const {
 
 LineRuler::Reading LineRuler::read(VhdlToken* place, int tabWidth) {
   long long column = 0;
-  long long behindMark = 0;      // columns between the new mark and the place
+  long long afterMark = 0;       // columns between the new mark and the place
   VhdlToken* newMark = nullptr;  // the nearest token before the place that can be a mark
   VhdlToken* earliest = place;   // the earliest token that is no blank
   VhdlToken* node = place->getPrev();
@@ -70,7 +70,7 @@ LineRuler::Reading LineRuler::read(VhdlToken* place, int tabWidth) {
     if (isLineEnd(token, 1)) break;
     if (newMark == nullptr && token.getTyp() != T_NEWLINE) {
       newMark = node;
-      behindMark = column;
+      afterMark = column;
     }
     column += countColumns(token, 1, tabWidth);
     earliest = node;
@@ -83,9 +83,9 @@ LineRuler::Reading LineRuler::read(VhdlToken* place, int tabWidth) {
   }
   if (newMark != nullptr) {
     mark = newMark;
-    width = heldInRange(column - behindMark);
+    width = saturated(column - afterMark);
   }
-  const Reading reading{first, heldInRange(column)};
+  const Reading reading{first, saturated(column)};
   assert(reading.first == readPlainly(place, tabWidth).first);
   assert(reading.column == readPlainly(place, tabWidth).column);
   return reading;
@@ -102,7 +102,7 @@ int LineRuler::readSource(const VhdlToken* place, int tabWidth) {
     column += sourceColumn + static_cast<long long>(countColumns(*node, 0, tabWidth));
   }
   sourceMark = place;
-  sourceColumn = heldInRange(column);
+  sourceColumn = saturated(column);
   return sourceColumn;
 }
 

@@ -74,8 +74,8 @@ void VhdlScanner::interfaceBlock(const VhdlToken& paren) {
 }
 
 // The semicolon of an instance is left to the pass, which closes the level of the label. That of a
-// map in a header closes nothing: it is consumed here, and with BLOCKHEADER LIST does not even end
-// its line.
+// map in a header closes nothing and is consumed here. In the header of a block, it does not even
+// end its line unless BLOCKHEADER is WRAPPED.
 //     u1 : cell generic map (8)  | u1: cell
 //     port map (a => x);         |     GENERIC MAP (
 //                                |         8

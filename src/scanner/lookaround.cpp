@@ -7,7 +7,7 @@ int VhdlScanner::getParenLevel() const {
   return token == nullptr ? 0 : token->getParenLevel();
 }
 
-int VhdlScanner::typBehindBlanks() const {
+int VhdlScanner::typAfterBlanks() const {
   const VhdlToken* node = tokenList.getAnchor();
   if (node == nullptr) return -1;
   do {

@@ -1,5 +1,6 @@
-// Reads ahead with getNextToken and returns. LineRuler and StopIndex remember the cursor's
-// position, so both are reset.
+// Reads ahead with getNextToken and returns. LineRuler and StopIndex follow the cursor, so the
+// former forgets its line and the latter is taken back too. What was read keeps its layout, which
+// the second reading gives it again.
 #ifndef QORN_SCANNER_PEEK_H
 #define QORN_SCANNER_PEEK_H
 
@@ -9,18 +10,18 @@
 class VhdlScanner::Peek {
  public:
   explicit Peek(VhdlScanner& reader)
-      : scanner(reader), guard(reader.tokenList), place(reader.stopIndex.getPlace()) {}
+      : scanner(reader), guard(reader.tokenList), position(reader.stopIndex.getPosition()) {}
   Peek(const Peek&) = delete;
   Peek& operator=(const Peek&) = delete;
   ~Peek() {
     scanner.ruler.forget();
-    scanner.stopIndex.goBackTo(place);
+    scanner.stopIndex.goBackTo(position);
   }
 
  private:
   VhdlScanner& scanner;
   AnchorGuard<VhdlToken> guard;
-  std::size_t place;
+  std::size_t position;
 };
 
 #endif

@@ -39,7 +39,7 @@ int VhdlScanner::setSpacesBefore(VhdlToken& token, int count) {
 
 // A comment after the anchor stays on its line, and ends it.
 void VhdlScanner::setNextNewline() {
-  if (endsLine(typBehindBlanks())) return;  // the comment stays here
+  if (endsLine(typAfterBlanks())) return;  // the comment stays here
   IndentLine(0);
   const int level = getParenLevel();
   VhdlToken* token = stepForward();
@@ -94,7 +94,7 @@ void VhdlScanner::setPrevNewline() {
 
 // Empty lines stay, and so does the line end before a comment.
 void VhdlScanner::deleteNewline() {
-  const int next = typBehindBlanks();
+  const int next = typAfterBlanks();
   const bool stays = next == T_NEWLINE || isComment(next) || prevIs(T_NEWLINE) == 1;
   if (stays) {
     IndentLine(0);

@@ -32,7 +32,6 @@ void VhdlScanner::If() {
   openBody();
 }
 
-// A wrapped condition goes on 7 columns in, whatever the indentation.
 //     elsif a then b := c;  | ELSIF a THEN
 //                           |     b := c;
 void VhdlScanner::Elsif() {
@@ -42,7 +41,7 @@ void VhdlScanner::Elsif() {
   openBody();
 }
 
-// In a value of a variable, only the condition before it ends here. See whenAmidStatement.
+// In the value of a variable, `else` only ends the condition before it. See whenAmidStatement.
 // With VHDL 2008:
 //     else l : generate q <= a; end generate;  | ELSE l: GENERATE
 //                                              |     q <= a;

@@ -74,27 +74,27 @@ void StopIndex::record(const VhdlToken* cursor, const Measure& walk) {
 
 void StopIndex::build(const VhdlToken* cursor) {
   reset(longestCounted);
-  Stop place{nullptr, 0, 0};
-  Stop nameStart = place;
+  Stop here{nullptr, 0, 0};
+  Stop nameStart = here;
   for (VhdlToken* node = cursor->getNext(); node != nullptr; node = node->getNext()) {
     const int typ = typAt(node);
     if (isSpacing(typ)) continue;
     if (isStop(typ)) {
-      place.node = node;
-      stops.push_back(place);
-      summaries.add(summarize(place, nameStart));
+      here.node = node;
+      stops.push_back(here);
+      summaries.add(summarize(here, nameStart));
     }
     switch (nameRole(typ)) {
       case NAME_END:
-      case NAME_DROPPED: nameStart = place; break;
-      case NAME_CLASS: ++place.classWords; break;
-      case NAME_NONE: place.columns += INT_MAX; break;
-      case NAME_PART: place.columns += node->textLength(1); break;
+      case NAME_DROPPED: nameStart = here; break;
+      case NAME_CLASS: ++here.classWords; break;
+      case NAME_NONE: here.columns += INT_MAX; break;
+      case NAME_PART: here.columns += node->textLength(1); break;
       case NAME_NOTHING: break;
     }
   }
-  place.node = nullptr;
-  stops.push_back(place);
+  here.node = nullptr;
+  stops.push_back(here);
   awaited = stops.front().node;
 }
 
@@ -122,19 +122,19 @@ int StopIndex::nameLength(long long columns, const Stop& from, const Stop& to,
                           int classColumn) const {
   columns += to.columns - from.columns;
   columns += static_cast<long long>(classColumn) * (to.classWords - from.classWords);
-  const int length = heldInRange(columns);
+  const int length = saturated(columns);
   return length <= longestCounted ? length : 0;
 }
 
 // --- Following the cursor ---
 
-void StopIndex::goOn() {
+void StopIndex::awaitNext() {
   if (isBuilt()) ++next;
   awaited = isBuilt() ? stops[next].node : nullptr;
 }
 
-void StopIndex::goBackTo(std::size_t place) {
-  next = place;
+void StopIndex::goBackTo(std::size_t position) {
+  next = position;
   if (isBuilt()) awaited = stops[next].node;
 }
 
@@ -153,7 +153,7 @@ int StopIndex::countEntries([[maybe_unused]] const VhdlToken* cursor, int level,
   });
   int count = 0;
   if (end < summaries.size()) {
-    count = summaries.collect(next, end).lowestComma <= level ? severalEntries : 1;
+    count = summaries.query(next, end).lowestComma <= level ? severalEntries : 1;
   }
   assert(isFar(cursor, stops[end].node) ||
          count == ::countEntries(cursor->getNext(), level, T_COMMA, stop).value);
@@ -171,7 +171,7 @@ std::size_t StopIndex::listEnd([[maybe_unused]] const VhdlToken* cursor, int lev
 
 int StopIndex::widestWord(const VhdlToken* cursor, int level, WordKind kind) const {
   const std::size_t end = listEnd(cursor, level);
-  const int widest = summaries.collect(next, end).widest[kind];
+  const int widest = summaries.query(next, end).widest[kind];
   assert(isFar(cursor, stops[end].node) || widest == measureWords(cursor->getNext(), level, kind));
   return widest;
 }
@@ -187,9 +187,9 @@ std::vector<VhdlToken*> StopIndex::wordsToSet(const VhdlToken* cursor, int level
   }
   const auto hasWord = [kind](const Summary& summary) { return summary.widest[kind] > 0; };
   stretches.push_back({end, width});
-  for (std::size_t place = summaries.findFirst(next, hasWord); place < end;
-       place = summaries.findFirst(place + 1, hasWord)) {
-    words.push_back(stops[place].node);
+  for (std::size_t index = summaries.findFirst(next, hasWord); index < end;
+       index = summaries.findFirst(index + 1, hasWord)) {
+    words.push_back(stops[index].node);
   }
   return words;
 }
@@ -215,6 +215,6 @@ int StopIndex::searchLongestName(const VhdlToken* cursor, std::size_t end, int c
   // Without class words every total is the same.
   const auto* width = std::ranges::find(classColumns, classColumn);
   const auto kind = width == classColumns.end() ? 0 : width - classColumns.begin();
-  const Summary others = summaries.collect(first + 1, end);
+  const Summary others = summaries.query(first + 1, end);
   return std::max(firstName, others.longest[static_cast<std::size_t>(kind)]);
 }

@@ -20,7 +20,7 @@
 #include <cstdint>
 #include <vector>
 
-#include "base/blocktree.h"
+#include "base/segmenttree.h"
 #include "scanner/lookahead.h"
 #include "tokens/vhdltoken.h"
 
@@ -38,11 +38,11 @@ class StopIndex {
   void record(const VhdlToken* cursor, const Measure& walk);
   /** To be called with every token that the cursor passes, blanks, line ends and comments aside. */
   void pass(const VhdlToken* node) {
-    if (node == awaited) goOn();
+    if (node == awaited) awaitNext();
   }
   /** Saves the position before a Peek. */
-  [[nodiscard]] std::size_t getPlace() const { return next; }
-  void goBackTo(std::size_t place);
+  [[nodiscard]] std::size_t getPosition() const { return next; }
+  void goBackTo(std::size_t position);
 
   // --- Once built: the answers that the walks of lookahead.h would give from `cursor` on. A debug
   // --- build compares them, unless the walk would be long. Requires: the cursor is on that node.
@@ -94,15 +94,15 @@ class StopIndex {
     int width;        // of the widest word
   };
 
-  void goOn();
+  void awaitNext();
   Summary summarize(const Stop& stop, const Stop& nameStart) const;
   /** The length of a name between two stops; 0 if it is too long to count. */
   int nameLength(long long columns, const Stop& from, const Stop& to, int classColumn) const;
   std::size_t listEnd(const VhdlToken* cursor, int level) const;
   int searchLongestName(const VhdlToken* cursor, std::size_t end, int classColumn) const;
 
-  std::vector<Stop> stops;       // in the order of the list, ending with an entry without a node
-  BlockTree<Summary> summaries;  // of the stops except the last entry
+  std::vector<Stop> stops;         // in the order of the list, ending with an entry without a node
+  SegmentTree<Summary> summaries;  // of the stops except the last entry
   std::size_t next = 0;
   const VhdlToken* awaited = nullptr;  // the next stop, or the end of a long look-ahead
   int overlaps = 0;                    // further long look-aheads before `awaited` was passed

@@ -93,10 +93,10 @@ class VhdlScanner {
   int getParenLevel() const;
   bool isModern() const { return settings.vhdl >= firstModernEdition; }
   /** Code of the next token, skipping blanks; -1 at the end of the list. */
-  int typBehindBlanks() const;
+  int typAfterBlanks() const;
   /** Code of the previous token, skipping blanks; -1 at the head of the list. */
   int typBeforeBlanks() const;
-  int nextIs(int typ) const { return typBehindBlanks() == typ ? 1 : 0; }
+  int nextIs(int typ) const { return typAfterBlanks() == typ ? 1 : 0; }
   int prevIs(int typ) const { return typBeforeBlanks() == typ ? 1 : 0; }
   /** Is the next token that is neither blank nor line end an ordinary comment? */
   int nextIsComment() const;
@@ -350,7 +350,7 @@ class VhdlScanner {
   /** Fixes the line that a token makes too long. Returns the token before the next one to visit;
       null if there is no place to break. */
   VhdlToken* WrapLine(VhdlToken& overflow, LineInHand& line);
-  VhdlToken* breakBehind(VhdlToken& candidate, LineInHand& line);
+  VhdlToken* breakAfter(VhdlToken& candidate, LineInHand& line);
   /** Shifts the indents of the line after its first token along with that token's. */
   void ReindentLine(const VhdlToken& first, LineInHand& line);
   /** Updates columns and indents after a token, to the end of its line. */

@@ -132,13 +132,16 @@ class VhdlToken : public OldListItem<VhdlToken> {
   // number of columns of a line; `chars` are the characters that frame a block comment when the
   // last two of a comment are the same. New texts are taken from the arena.
 
-  /** Extends a comment that ends in a pair of frame characters to the last column, or tidies the
-      pair up; `frame` is 1 if the pair is to be at the margin after blanks too. */
+  /** Of a comment that fits and ends in a pair of frame characters: with two more of them before
+     the pair, as in `-- Title ====`, extends the frame to the last column. Else closes the pair up
+     with the text, and drops it if it is of hyphens; with `frame` 1 it is moved to the last
+     columns. */
   void alignComment(int width, std::string_view chars, int frame, Arena& arena);
-  /** Cuts an over-long comment at a blank. Returns the text for the next line, as a comment's own;
-      empty when the comment stays whole. */
+  /** Trims a comment that is too long, and cuts it at a blank if that is not enough. Returns the
+      text for the next line, which begins with "-- "; empty when the comment stays whole. */
   [[nodiscard]] std::span<char> stripComment(int width, std::string_view chars, Arena& arena);
-  /** Removes filler before the closing `pair` from a comment that is wider than the line. */
+  /** Removes filler, blanks or more of the same character, before the closing `pair` of a comment
+      that reaches the last column or goes beyond, as far as that takes it back there. */
   void trimmComment(int width, std::string_view pair, Arena& arena);
 
  private:

@@ -1,7 +1,7 @@
 // A segment tree that only grows: a sequence with a summary of every aligned block of 2, 4, 8, ...
 // values. Searches and range queries take O(log n) steps.
-#ifndef QORN_BASE_BLOCKTREE_H
-#define QORN_BASE_BLOCKTREE_H
+#ifndef QORN_BASE_SEGMENTTREE_H
+#define QORN_BASE_SEGMENTTREE_H
 
 #include <algorithm>
 #include <cstddef>
@@ -9,23 +9,23 @@
 
 /** Summary{} is the neutral element; a.include(b) folds b into a. */
 template <typename Summary>
-class BlockTree {
+class SegmentTree {
  public:
   [[nodiscard]] bool isEmpty() const { return levelCount == 0; }
   [[nodiscard]] std::size_t size() const { return isEmpty() ? 0 : levels[0].size(); }
 
   /** Appends a value. */
   void add(const Summary& value) {
-    std::size_t place = size();
-    for (std::size_t level = 0;; ++level, place /= 2) {
+    std::size_t index = size();
+    for (std::size_t level = 0;; ++level, index /= 2) {
       if (level == levels.size()) levels.emplace_back();
       levelCount = std::max(levelCount, level + 1);
       auto& blocks = levels[level];
-      if (place == blocks.size()) {
-        const bool isFirst = level > 0 && place == 0;
+      if (index == blocks.size()) {
+        const bool isFirst = level > 0 && index == 0;
         blocks.push_back(isFirst ? levels[level - 1].front() : value);
       }
-      blocks[place].include(value);
+      blocks[index].include(value);
       if (blocks.size() == 1) return;
     }
   }
@@ -36,25 +36,25 @@ class BlockTree {
   [[nodiscard]] std::size_t findFirst(std::size_t from, Holds holds) const {
     if (isEmpty() || !holds(levels[levelCount - 1].front())) return size();
     std::size_t level = 0;
-    std::size_t place = from;
-    while (place < levels[level].size()) {
-      if (holds(levels[level][place])) {
-        if (level == 0) return place;
+    std::size_t index = from;
+    while (index < levels[level].size()) {
+      if (holds(levels[level][index])) {
+        if (level == 0) return index;
         --level;
-        place *= 2;
+        index *= 2;
         continue;
       }
-      ++place;
-      while (place % 2 == 0 && level + 1 < levelCount) {
+      ++index;
+      while (index % 2 == 0 && level + 1 < levelCount) {
         ++level;
-        place /= 2;
+        index /= 2;
       }
     }
     return size();
   }
 
   /** The summary of the values in [from, to). */
-  [[nodiscard]] Summary collect(std::size_t from, std::size_t to) const {
+  [[nodiscard]] Summary query(std::size_t from, std::size_t to) const {
     Summary summary;
     while (from < to) {
       std::size_t level = 0;

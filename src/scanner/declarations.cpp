@@ -25,8 +25,6 @@ void VhdlScanner::Alias() {
 // Reads a template to its end; of a group, what follows the name of its template is left to the
 // pass.
 //     group pins is (signal, signal <>);  | GROUP pins IS (SIGNAL, SIGNAL <>);
-//                                         |
-//     group p1 : pins (a, b);             | GROUP p1 : pins(a, b);
 void VhdlScanner::Group() {
   if (!isName(typAfterBlanks())) return;
   objectDeclaration(1);
@@ -117,7 +115,7 @@ bool VhdlScanner::hasSeveralIndexRanges() {
   return CountListEntries(getParenLevel(), T_COMMA, T_RPAREN) > 1;
 }
 
-// `array`, `record` and the like start a line: one step in from their type, in style B at the type.
+// In style A one step in from the type, in style B below it.
 void VhdlScanner::startDefinition() {
   setPrevNewline();
   if (settings.style != C_A) popTokenIndent();
@@ -135,7 +133,6 @@ void VhdlScanner::closeElements() {
   StatementClosed();
 }
 
-// In style B, `record` and `end` stand under `type`.
 //     type r is record       | TYPE r IS
 //     a : bit; data : word;  |     RECORD
 //     end record;            |         a    : bit;
@@ -210,14 +207,9 @@ void VhdlScanner::UnitList() {
   }
 }
 
-// Also procedures; declarations and bodies alike.
+// Also procedures; declarations and bodies alike. In style B, parameters are in a block. See Type.
 //     function f (signal a : in bit;  | FUNCTION f(SIGNAL a : IN bit;
 //     n : natural) return bit;        |            n        : natural) RETURN bit;
-// With STYLE B:
-//     procedure p (a : bit);  | PROCEDURE p
-//                             | (
-//                             |     a : bit
-//                             | );
 void VhdlScanner::Function() {
   stepIn();
   int blanks = 0;  // before the parameters

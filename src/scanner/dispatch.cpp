@@ -121,6 +121,7 @@ void VhdlScanner::ParameterList() {
   }
 }
 
+// `cover {a; b};` does, `cover <= a;` does not.
 bool VhdlScanner::opensStatement() {
   if (state.statementClosed == 0 && prevIsLabel() == 0) return false;
   switch (LookForward(1)) {
@@ -171,6 +172,7 @@ void VhdlScanner::waitForParenClose(int level) {
   }
 }
 
+// Words on the way are not dispatched: they only get their blanks and their indent.
 bool VhdlScanner::waitFor(int typ, int orTyp) {
   for (;;) {
     const int next = getNextTokenTyp();
@@ -184,6 +186,8 @@ int VhdlScanner::determineContext() {
   return context.typ;
 }
 
+// There is a colon before the token in `variable v : word := x;` and `lab : v := x;`, none in `v :=
+// x;`.
 int VhdlScanner::findContext() const {
   const VhdlToken* token = anchorToken();
   while (token != nullptr && (token = token->getPrev()) != nullptr) {

@@ -24,7 +24,9 @@ VhdlToken* skipBlanks(VhdlToken* node) {
   return {skipBlanks(start), column};
 }
 
-/** The columns that a token adds to the length of a target. */
+/** The columns that a token adds to the length of a target. Blanks do not count, as they may still
+    change, so words of ranges and separators count with those that they will have:
+    `x(3 downto 0)` is 13 columns wide. */
 int widthInTarget(const VhdlToken& token) {
   const int typ = token.getTyp();
   if (isSpacing(typ) || isClassWord(typ)) return 0;
@@ -55,6 +57,8 @@ VhdlToken* LineRuler::findFirst(VhdlToken* place) const {
   return skipBlanks(earliest);
 }
 
+// The walk ends at the mark or at the start of the line. The nearest token that is no blank and no
+// line end becomes the new mark.
 LineRuler::Reading LineRuler::read(VhdlToken* place, int tabWidth) {
   long long column = 0;
   long long afterMark = 0;       // columns between the new mark and the place
@@ -91,6 +95,8 @@ LineRuler::Reading LineRuler::read(VhdlToken* place, int tabWidth) {
   return reading;
 }
 
+// Tokens that the formatter has inserted have no source text, so they count nothing. A line end
+// that was dropped still ends its line here.
 int LineRuler::readSource(const VhdlToken* place, int tabWidth) {
   long long column = 0;
   const VhdlToken* node = place->getPrev();
@@ -115,6 +121,7 @@ int LineRuler::measureTarget(const VhdlToken& place, int limit) {
   return length;
 }
 
+// As `read`, with a mark of its own; the walk also ends where the target is too long to count.
 int LineRuler::readTarget(const VhdlToken& place, int limit) {
   int length = 0;
   const VhdlToken* newMark = nullptr;

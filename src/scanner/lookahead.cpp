@@ -58,6 +58,9 @@ int measureWords(const VhdlToken* ahead, int level, WordKind kind) {
   return widest;
 }
 
+// In `signal clk, n : in bit;` the names are `signal clk`, 10 columns wide with a class column of
+// 7, and `n`. What follows the colon is dropped at the semicolon, but a comma in it compares it
+// like a name.
 Measure measureNames(const VhdlToken* ahead, int level, int classColumn, int limit) {
   Measure longest;
   int length = 0;
@@ -82,6 +85,8 @@ Measure measureNames(const VhdlToken* ahead, int level, int classColumn, int lim
   return longest;
 }
 
+// In `a(3) => x, b => y` the formals are 4 columns and 1 wide. An actual is dropped at the comma
+// after it, one without a formal too.
 Measure measureFormals(const VhdlToken* ahead, int level, int limit, int& hasArrow) {
   Measure longest;
   int length = 0;
@@ -106,6 +111,7 @@ Measure measureFormals(const VhdlToken* ahead, int level, int limit, int& hasArr
   return longest;
 }
 
+// A library clause ends at its semicolon, the index ranges of an array at their parenthesis.
 Measure countEntries(const VhdlToken* ahead, int level, int separator, int stop) {
   Measure entries;
   int count = 1;

@@ -53,6 +53,7 @@ int VhdlScanner::prevIsNewline(int mode) const {
   return 1;
 }
 
+// `lab : process`, `lab : postponed process`.
 int VhdlScanner::prevIsLabel() const {
   int hasColon = 0;
   const VhdlToken* token = anchorToken();

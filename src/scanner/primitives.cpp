@@ -75,6 +75,8 @@ void VhdlScanner::endHead(IndentKind kind) {
   endLine();
 }
 
+// The blanks before the anchor are emptied, not removed: tokens stay in the list. The line that now
+// ends there is complete, so it gets its indent.
 void VhdlScanner::setPrevNewline() {
   const AnchorGuard guard(tokenList);
   const int level = getParenLevel();
@@ -103,6 +105,7 @@ void VhdlScanner::deleteNewline() {
   }
 }
 
+// Only a blank that no primitive has set yet.
 void VhdlScanner::singleSpace() {
   VhdlToken* blank = anchorToken();
   if (!blank->isFormatted()) blank->setFormatBlanks(1);

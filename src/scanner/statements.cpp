@@ -104,11 +104,8 @@ void VhdlScanner::When() {
   endStatement();  // of an exit or next statement
 }
 
-// An arrow in parentheses belongs to an aggregate, which older editions do not look for.
-// With VHDL 2008:
-//     case a is                         | CASE a IS
-//     when (0 => b, 1 => c) => d := e;  |     WHEN (0 => b, 1 => c) =>
-//                                       |         d := e;
+// In `when (0 => a, 1 => b) => c := d;` the third arrow ends the choice; in older editions, the
+// first.
 bool VhdlScanner::readChoice() {
   const int level = getParenLevel();
   do {

@@ -72,6 +72,7 @@ void StopIndex::record(const VhdlToken* cursor, const Measure& walk) {
   }
 }
 
+// The lengths of names are differences of running totals, whatever the columns of class words.
 void StopIndex::build(const VhdlToken* cursor) {
   reset(longestCounted);
   Stop here{nullptr, 0, 0};
@@ -176,6 +177,8 @@ int StopIndex::widestWord(const VhdlToken* cursor, int level, WordKind kind) con
   return widest;
 }
 
+// A list inside one that was set for the same width has been set along with it. Such lists are
+// nested, so a stack of their ends tells.
 std::vector<VhdlToken*> StopIndex::wordsToSet(const VhdlToken* cursor, int level, WordKind kind) {
   const std::size_t end = listEnd(cursor, level);
   const int width = widestWord(cursor, level, kind);
@@ -202,6 +205,8 @@ int StopIndex::longestName(const VhdlToken* cursor, int level, int classColumn) 
   return longest;
 }
 
+// The first name may have begun before the cursor, so its length in the tree is of no use: it is
+// measured from the cursor on. All further names of the list lie between two stops.
 int StopIndex::searchLongestName(const VhdlToken* cursor, std::size_t end, int classColumn) const {
   const std::size_t first =
       summaries.findFirst(next, [](const Summary& summary) { return summary.hasNameEnd; });

@@ -59,8 +59,6 @@ void VhdlScanner::Configuration() {
 }
 
 //     package body p is  | PACKAGE BODY p IS
-// With VHDL 2008:
-//     package p is new work.q;  | PACKAGE p IS NEW work.q;
 void VhdlScanner::Package() {
   stepIn();
   int name = getNextTokenTyp();

@@ -74,7 +74,7 @@ async function edit(document: vscode.TextDocument, lines?: Lines): Promise<vscod
   const program = vscode.workspace.getConfiguration('qorn', document).get<string>('path');
   const { version } = document;
   const { bytes, encoding } = textOf(document);
-  if (document.getText().includes('\ufffd')) {
+  if (/\p{Surrogate}|\ufffd/u.test(document.getText())) {
     void vscode.window.showErrorMessage(
       'qorn: wrong encoding (\ufffd): reopen the file with its own',
     );

@@ -93,7 +93,7 @@ def install(build, prefix):
     if not shutil.which("cmake"):
         raise SystemExit("qorn: no cmake found; building qorn needs CMake 3.18 or newer")
     if not (build / "CMakeCache.txt").exists():
-        compilers = [os.environ.get("CXX") or "c++", "g++", "clang++", "cl"]
+        compilers = [os.environ.get("CXX") or "c++", "g++", "clang++"]
         if not any(shutil.which(shlex.split(name)[0]) for name in compilers):
             raise SystemExit(
                 "qorn: no C++ compiler found; building qorn needs one for C++20, such as g++ 10"
@@ -102,7 +102,9 @@ def install(build, prefix):
         arguments = shlex.split(os.environ.get("CMAKE_ARGS", ""))
         run("cmake", "-S", ROOT, "-B", build, *generator, "-DCMAKE_BUILD_TYPE=Release", *arguments)
     run("cmake", "--build", build, "--config", "Release", "--parallel", str(os.cpu_count() or 1))
-    run("cmake", "--install", build, "--config", "Release", "--prefix", prefix, "--strip")
+    # Programs for Windows are linked stripped; the tool would put the time into them.
+    strip = [] if sysconfig.get_platform().startswith("win") else ["--strip"]
+    run("cmake", "--install", build, "--config", "Release", "--prefix", prefix, *strip)
 
 
 def run(*command):

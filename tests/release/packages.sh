@@ -1,6 +1,6 @@
 #!/bin/sh
 # Tries the packages for Linux in a folder that tools/release made, each unpacked into an empty folder, with nothing
-# else of ours in reach.
+# else of ours in reach; and compares the programs for Windows in the wheel with those of the zip.
 #
 #   packages.sh FOLDER
 set -eu
@@ -42,6 +42,11 @@ END
 done
 cmp x86_64.vhd aarch64.vhd
 
+python3 -m zipfile -e "$release"/*-win_amd64.whl wheel
+python3 -m zipfile -e "$release"/*-windows-x86_64.zip zip
+for program in qorn.exe qornfmt.exe; do cmp wheel/*/scripts/"$program" zip/*/"$program"; done
+
+[ "$(id -u)" = 0 ] || { echo 'packages: not root, so the image is not tried' && exit 0; }
 # The image of the Dockerfile: a root with the programs alone, for a user whom it does not know.
 mkdir -p image/src
 cp amd64/usr/bin/qorn amd64/usr/bin/qornfmt image

@@ -5,7 +5,6 @@
 #include <fcntl.h>
 #include <io.h>
 
-#include <cstdlib>
 #include <string_view>
 #include <vector>
 
@@ -55,15 +54,23 @@ thread_local int holds = 0;
 void (*beforeTheEnd)() = nullptr;
 int interruptedStatus = 0;
 
+/** Ends the process where it stands: what libraries do at a usual end would meet threads that were
+    stopped halfway. */
+BOOL endAtOnce(UINT status) {
+  TerminateProcess(GetCurrentProcess(), status);
+  return FALSE;
+}
+
 BOOL WINAPI endAsUsual(DWORD) {
+  constexpr UINT interrupted = 0xC000013A;  // what callers see of a program that leaves this alone
   AcquireSRWLockExclusive(&ending);
   beforeTheEnd();
-  return FALSE;  // to the handler that ends the process
+  return endAtOnce(interrupted);
 }
 
 BOOL WINAPI endWithStatus(DWORD) {
   AcquireSRWLockExclusive(&ending);
-  std::_Exit(interruptedStatus);
+  return endAtOnce(static_cast<UINT>(interruptedStatus));
 }
 
 }  // namespace

@@ -19,7 +19,7 @@ TEST(ProgramTest, RewritesFilesAndKeepsBackups) {
        "USE a;\nuse a ;\n", ""},
       {"an odd extension",
        "echo 'BACKUPFILE \" %s\n*\"' >rc; qorn -c rc a.vhd; cat 'a.vhd %s\n*' a.vhd", 0,
-       "use a ;\nUSE a;\n", ""},
+       "use a ;\nUSE a;\n", "", POSIX},
       {"the second run over a file takes the place of its first backup",
        "qorn a.vhd ./a.vhd; cat a.vhd.bak", 0, "USE a;\n", ""},
       {"a name without its extension", "cp a.vhd b.vhdl; qorn b; cat b.vhdl b.vhdl.bak", 0,
@@ -28,10 +28,10 @@ TEST(ProgramTest, RewritesFilesAndKeepsBackups) {
        "USE a;\nuse a ;\n", ""},
       {"a dash, blanks and a line end",
        "f=\"-b  c\nd\"; mv a.vhd \"./$f\"; qorn \"./$f\"; cat \"./$f\" \"./$f.bak\"", 0,
-       "USE a;\nuse a ;\n", ""},
+       "USE a;\nuse a ;\n", "", POSIX},
       {"a symbolic link becomes a file, and its backup is the link",
        "ln -s a.vhd l; qorn l; readlink l.bak; readlink l; cat l a.vhd", 0,
-       "a.vhd\nUSE a;\nuse a ;\n", ""},
+       "a.vhd\nUSE a;\nuse a ;\n", "", POSIX},
       {"without backups a symbolic link is followed",
        "ln -s a.vhd l; qorn -c rc l; readlink l; cat a.vhd", 0, "a.vhd\nUSE a;\n", ""},
       {"what a pragma comment switches holds to the end of its file",
@@ -45,7 +45,7 @@ TEST(ProgramTest, RewritesFilesAndKeepsBackups) {
 
 TEST(ProgramTest, EndsAtAFileThatCannotBeRead) {
   expectRuns({
-      {"no input", "qorn <&-", 2, "", "Error! qorn: standard input: Bad file descriptor\n"},
+      {"no input", "qorn <&-", 2, "", "Error! qorn: standard input: Bad file descriptor\n", POSIX},
       {"a folder", "qorn .", 2, "", "Error! qorn: .: Is a directory\n"},
       {"no such name", "VHDLEXT= qorn a", 1, "",
        "Error! unable to open file a\n       No such file or directory\n"},
@@ -61,38 +61,38 @@ TEST(ProgramTest, EndsAtAFileThatCannotBeRead) {
 TEST(ProgramTest, GoesOnBehindAFileThatCannotBeWritten) {
   expectRuns({
       {"no output", "echo 'use a ;' | qorn >&-", 0, "",
-       "Error! qorn: standard output: Bad file descriptor\n"},
+       "Error! qorn: standard output: Bad file descriptor\n", POSIX},
       {"a full device", "echo 'use a ;' | qorn >/dev/full", 0, "",
-       "Error! qorn: standard output: No space left on device\n"},
+       "Error! qorn: standard output: No space left on device\n", POSIX},
       {"no stream at all", "qorn a.vhd <&- >&- 2>&-; cat a.vhd a.vhd.bak", 0, "USE a;\nuse a ;\n",
-       ""},
+       "", POSIX},
       {"the backup is a folder", "cp a.vhd b.vhd; mkdir a.vhd.bak; qorn a.vhd b.vhd; cat ?.vhd", 0,
        "use a ;\nUSE a;\n", "Error! qorn: Is a directory\n"},
       {"the backup's name is too long",
        "f=$(printf %255s | tr ' ' x); cp a.vhd $f; qorn $f a.vhd; cat $f a.vhd", 0,
-       "use a ;\nUSE a;\n", "Error! qorn: File name too long\n"},
+       "use a ;\nUSE a;\n", "Error! qorn: File name too long\n", POSIX},
       {"the backup's name leads into another folder",
        "mkdir a.vhdx; echo 'BACKUPFILE \"x/../b\"' >rc; qorn -c rc a.vhd; ls; cat a.vhd", 0,
        "a.vhd\na.vhdx\nrc\nuse a ;\n", "Error! qorn: Not a directory\n"},
       {"the file is a link to its backup",
        "mv a.vhd a.vhd.bak; ln -s a.vhd.bak a.vhd; qorn a.vhd; cat a.vhd.bak", 0, "use a ;\n",
-       "Error! qorn: File exists\n"},
+       "Error! qorn: File exists\n", POSIX},
       {"a file of the system", "qorn -c rc /proc/sys/kernel/ostype a.vhd 2>&1 | cut -c1-13; cat *",
-       0, "Error! qorn: \nUSE a;\nKEEPBACKUPFILE FALSE\n", ""},
+       0, "Error! qorn: \nUSE a;\nKEEPBACKUPFILE FALSE\n", "", POSIX},
       {"the output breaks off, and then there is room",
        "yes 'use a ;' | head -20000 >b.vhd; cp b.vhd c; trap '' XFSZ; (ulimit -f 64; qorn b.vhd "
        "a.vhd); cat a.vhd; cmp b.vhd c && ls && qorn b.vhd && cmp b.vhd.bak c && wc -c <b.vhd",
        0, "USE a;\na.vhd\na.vhd.bak\nb.vhd\nc\nrc\n140000\n",
-       "Error! qorn: b.vhd: File too large\n"},
+       "Error! qorn: b.vhd: File too large\n", POSIX},
       {"the same without a backup",
        "yes 'constant a;' | head -9000 >b.vhd; cp b.vhd c; trap '' XFSZ; (ulimit -f 220; qorn -c "
        "rc "
        "b.vhd); cmp b.vhd c && ls",
-       0, "a.vhd\nb.vhd\nc\nrc\n", "Error! qorn: b.vhd: File too large\n"},
+       0, "a.vhd\nb.vhd\nc\nrc\n", "Error! qorn: b.vhd: File too large\n", POSIX},
       {"room for no copy where no backup is wanted",
        "yes 'use a ;' | head -20000 >b.vhd; cp b.vhd c; trap '' XFSZ; (ulimit -f 64; qorn -c rc "
        "b.vhd); cmp b.vhd c && ls",
-       0, "a.vhd\nb.vhd\nc\nrc\n", "Error! qorn: b.vhd: File too large\n"},
+       0, "a.vhd\nb.vhd\nc\nrc\n", "Error! qorn: b.vhd: File too large\n", POSIX},
   });
 }
 

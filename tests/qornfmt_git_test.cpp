@@ -18,6 +18,7 @@ constexpr const char* repository =
 
 void expectInRepository(std::initializer_list<ShellCase> cases) {
   for (const ShellCase& row : cases) {
+    if (row.isSkipped()) continue;
     SCOPED_TRACE(row.name);
     const TempFolder folder;
     const ProgramRun run = shell(folder, std::string(repository) + row.commands);
@@ -119,7 +120,7 @@ TEST(QornfmtGitTest, FindsFilesWhateverTheirNames) {
        0,
        "../-dash.VHD|../:(top)\303\244.vhd|../new|line.vhd|../qu\"ote.vhd|"
        "USE a;\nUSE a;\nUSE a;\nUSE a;\n",
-       "4 of 4 staged files would change; qornfmt --staged formats them\n"},
+       "4 of 4 staged files would change; qornfmt --staged formats them\n", POSIX},
       {"in a linked work tree",
        "git worktree add -q ../linked; cd ../linked; edit '2s/.*/use  x ;/'; git add .;"
        " qornfmt -q --staged; index old.vhd; cat ../tree/old.vhd",

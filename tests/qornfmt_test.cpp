@@ -32,7 +32,9 @@ TEST(QornfmtTest, TellsItsCommandLine) {
   for (const auto& row : rows) {
     const ProgramRun run = shell(folder, std::string("qornfmt ") + row.options);
     EXPECT_EQ(run.status, 2) << row.options;
-    EXPECT_EQ(run.err, std::string("qornfmt: ") + row.complaint + more);
+    const bool isOfLibrary = row.options == rows[0].options && windowsPrograms() != nullptr;
+    const std::string complaint = isOfLibrary ? "unknown option -- nosuch" : row.complaint;
+    EXPECT_EQ(run.err, "qornfmt: " + complaint + more);
   }
 }
 
@@ -54,7 +56,7 @@ TEST(QornfmtTest, FormatsFilesAndFolders) {
        1, "s/b.vhd\ns/b/z.VHD\ns/c.vhd\ns/d.vhd\ns/hard.vhd\n", ""},
       {"the current folder", "qornfmt --check -q .", 1, "a.vhd\n", ""},
       {"one that may not be read", "mkdir -m 0 e; $nobody qornfmt --check .", 2, "a.vhd\n",
-       "e: Permission denied\n1 file would change; qornfmt formats it\n"},
+       "e: Permission denied\n1 file would change; qornfmt formats it\n", POSIX},
       {"none", "mkdir e; qornfmt e", 0, "", "qornfmt: there are no VHDL files\n"},
       {"trouble outweighs changes, and the others are formatted",
        "echo all: >Makefile; mkfifo f.vhd; qornfmt Makefile nosuch.vhd f.vhd a.vhd; echo $?;"
@@ -68,7 +70,7 @@ TEST(QornfmtTest, FormatsFilesAndFolders) {
        0, "1\npatching file a.vhd\n",
        "1 file would change; qornfmt formats it\n1 file formatted\n"},
       {"no more than standard output takes", "qornfmt --check a.vhd >/dev/full", 2, "",
-       "qornfmt: standard output: No space left on device\n"},
+       "qornfmt: standard output: No space left on device\n", POSIX},
   });
 }
 
@@ -124,7 +126,7 @@ TEST(QornfmtTest, ReplacesFilesWhole) {
       {"mode and owner",
        "[ -z \"$nobody\" ] || chown 12:34 a.vhd; chmod 2751 a.vhd; qornfmt -q a.vhd;"
        " [ -z \"$nobody\" ] && echo 2751 || stat -c %a-%u-%g a.vhd | sed 's/-12-34//'",
-       0, "2751\n", ""},
+       0, "2751\n", "", POSIX},
       {"a link's target",
        "mkdir s; ln -s ../a.vhd s/l.vhd; qornfmt -q s/l.vhd; cat a.vhd; readlink s/l.vhd;"
        " ls -A s",
@@ -132,17 +134,18 @@ TEST(QornfmtTest, ReplacesFilesWhole) {
       {"one of several names", "ln a.vhd b.vhd; qornfmt -q a.vhd; cat a.vhd b.vhd", 0,
        "USE a;\nuse a ;\n", ""},
       {"not what may not be written", "chmod 444 a.vhd; $nobody qornfmt a.vhd; cat a.vhd; ls -A", 0,
-       "use a ;\na.vhd\nrc\n", "a.vhd: not written: Permission denied\n"},
+       "use a ;\na.vhd\nrc\n", "a.vhd: not written: Permission denied\n", POSIX},
       {"nor messages into files", "qornfmt a.vhd nosuch.vhd 2>&- 0>&- 1>&-; cat a.vhd", 0,
-       "USE a;\n", ""},
+       "USE a;\n", "", POSIX},
       {"nor in such a folder", "chmod 555 .; $nobody qornfmt a.vhd; cat a.vhd; ls -A", 0,
-       "use a ;\na.vhd\nrc\n", "a.vhd: not written: Permission denied\n"},
+       "use a ;\na.vhd\nrc\n", "a.vhd: not written: Permission denied\n", POSIX},
       {"nor beyond the limit of the size of files, told once",
        "for i in $(seq 2000); do echo 'use  b ;'; done >b.vhd; cp b.vhd c.vhd; cp b.vhd old;"
        " (ulimit -f 4; qornfmt -j 1 a.vhd b.vhd c.vhd); cmp b.vhd old; cmp c.vhd old; ls -A",
        0, "a.vhd\nb.vhd\nc.vhd\nold\nrc\n",
        "b.vhd: not written: File too large\nc.vhd: not written: File too large\n"
-       "2 of 3 files left as they are, 1 formatted\n"},
+       "2 of 3 files left as they are, 1 formatted\n",
+       POSIX},
   });
 }
 

@@ -161,7 +161,7 @@ std::string canonicalFolder(const std::string& folder) {
 
 int listFolder(const std::string& folder, std::vector<FolderEntry>& entries) {
   WIN32_FIND_DATAW found{};
-  const HANDLE search = FindFirstFileW((widePath(folder) + LR"(\*)").c_str(), &found);
+  const HANDLE search = FindFirstFileW(widePath(folder + "/*").c_str(), &found);
   if (search == INVALID_HANDLE_VALUE) return errorNumber(GetLastError());
   do {
     std::string name = narrow(found.cFileName);

@@ -35,11 +35,6 @@ constexpr Pragma pragmas[] = {
     {"INDENT-OFF", T_INDENT_OFF},
 };
 
-/** Does the text begin with a word in capitals, in whatever case? */
-bool startsWith(const char* at, std::string_view word) {
-  return std::ranges::all_of(word, [&at](char letter) { return asciiUpper(*at++) == letter; });
-}
-
 /** A digit of the class, then further ones, each with at most one `_` before it. */
 std::size_t matchDigits(const char* at, int digits) {
   if (!hasClass(*at, digits)) return 0;
@@ -78,6 +73,10 @@ int digitsOfBase(char prefix) {
 }
 
 }  // namespace
+
+bool startsWith(const char* at, std::string_view word) {
+  return std::ranges::all_of(word, [&at](char letter) { return asciiUpper(*at++) == letter; });
+}
 
 std::size_t matchExtendedIdentifier(const char* at, const char* end) {
   const char* first = at + 1;

@@ -9,6 +9,7 @@
 
 #include <array>
 #include <cstddef>
+#include <string_view>
 
 enum CharClass : unsigned char {
   LETTER = 1,
@@ -37,6 +38,8 @@ constexpr auto charClasses = [] {
   return (charClasses[static_cast<unsigned char>(character)] & classes) != 0;
 }
 
+/** Does the text begin with a word in capitals, in whatever case? */
+[[nodiscard]] bool startsWith(const char* at, std::string_view word);
 /** `\`, anything but `\`, line feeds included, `\`. `end` is the end of the whole text. */
 [[nodiscard]] std::size_t matchExtendedIdentifier(const char* at, const char* end);
 /** A letter, then letters and digits, each with at most one `_` before it. */

@@ -27,10 +27,6 @@ constexpr Operator operators[] = {  // longer ones before their prefixes
 constexpr std::string_view attributes[] = {"CONVERSE", "DESIGNATED_SUBTYPE", "ELEMENT", "SUBTYPE"};
 // clang-format on
 
-bool startsWith(const char* at, std::string_view word) {
-  return std::ranges::all_of(word, [&at](char letter) { return asciiUpper(*at++) == letter; });
-}
-
 /** Does the text begin with the word, and does the word end there? */
 bool hasWord(const char* at, std::string_view word) {
   return startsWith(at, word) && !hasClass(at[word.size()], LETTER | DIGIT) &&

@@ -25,11 +25,11 @@ int PendingShifts::apply(int indent) {
     totals.push_back(totals.back() + shifts[i].amount);
   }
   long long shifted = indent;
-  std::size_t index = startOfRun(0, shifted);
-  while (index < limits.size()) {
-    const std::size_t end = endOfRun(index, shifted);
-    shifted = saturated(shifted - (totals[end] - totals[index]));
-    index = startOfRun(end, shifted);
+  std::size_t run = startOfRun(0, shifted);
+  while (run < limits.size()) {
+    const std::size_t end = endOfRun(run, shifted);
+    shifted = saturated(shifted - (totals[end] - totals[run]));
+    run = startOfRun(end, shifted);
   }
   return static_cast<int>(shifted);
 }

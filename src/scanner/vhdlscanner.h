@@ -115,7 +115,6 @@ class VhdlScanner {
   /** Opens a level: saves the indent, then adds the amount to it (relative 1) or sets it to the
       amount, and opens the statement. Undone by one popIndent. */
   void setIndent(int amount, int relative, IndentKind kind = LEVEL_STATEMENT);
-  /** Opens a level one indentation further in. */
   void stepIn(IndentKind kind = LEVEL_STATEMENT);
   /** Restores the indent saved last, 0 if there is none. */
   void popIndent();
@@ -389,8 +388,7 @@ class VhdlScanner {
   StopIndex stopIndex;  // stops ahead of the cursor, which reports every token that it passes
   ContextMemory context;
   // By code: the semicolon after which determineTargetLength last found no further statement of a
-  // run, which depends on lines and codes alone. Without it, a statement of 3,000 `:=` and one as
-  // long after it take ten times as many instructions.
+  // run: lines and codes decide. Without it, 3,000 `:=` in a statement take ten times as long.
   TokenTable<const VhdlToken*> runEnds{nullptr};
 
   // --- What survives Reset ---

@@ -78,8 +78,7 @@ void Printer::Tabify(std::string_view text) {
 }
 
 bool Printer::reachesTabStop(int start, int count) const {
-  const int distance = settings.tabSize;  // without one there are no stops
-  return distance > 0 && count >= shortestTabRun && count >= distance - start % distance;
+  return count >= shortestTabRun && count >= tabDistance() - start % tabDistance();
 }
 
 void Printer::TabifyWhitespace(int start, int count) {
@@ -87,7 +86,7 @@ void Printer::TabifyWhitespace(int start, int count) {
     output.writeRepeated(count, ' ');
     return;
   }
-  const int distance = settings.tabSize;
+  const int distance = tabDistance();
   const int toFirstStop = distance - start % distance;
   const int rest = addColumns(start, count) % distance;
   output.writeRepeated((count - toFirstStop - rest) / distance + 1, '\t');

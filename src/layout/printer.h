@@ -79,6 +79,7 @@ class Printer {
   void printTabified(const VhdlToken& token, int blanks);
   void Tabify(std::string_view text);
   void TabifyWhitespace(int start, int count);
+  int tabDistance() const { return std::max(settings.tabSize, 1); }
   /** Does a run of that many blanks from `start` on become tabs? */
   bool reachesTabStop(int start, int count) const;
 

@@ -58,9 +58,7 @@ void RunReport::addTrouble(const std::string& message) {
 
 void RunReport::tellSettings(const Configuration* settings) {
   if (settings == nullptr || !told.insert(settings).second) return;
-  const bool isTrouble = !settings->trouble.empty();
-  if (isTrouble) hasTrouble = true;
-  if (mode.isQuiet && !isTrouble) return;
+  if (mode.isQuiet && settings->trouble.empty()) return;
   for (const std::string& line : complaintsAbout(*settings)) say(line);
 }
 

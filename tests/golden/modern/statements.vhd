@@ -9,6 +9,7 @@ sequence s is {a; b[*2]; c[->1]}; property p(a : bit) is always {a} |=> s;
 check : assert always {req; not ack} |-> next! ack report "no ack" severity error;
 cover {a; b} report "seen"; assume a; restrict {a[+]};
 main : process (all) begin
+neg := b /* inline */ - c;
 count := 0 when reset else (others => '0') when clear ?= '1' or full = "00" else count + 1;
 sums(3) := (1 when a else 2);
 with mode select? speed := 10 when "1-", 20 when others;

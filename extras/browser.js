@@ -7,6 +7,7 @@ export function launchBrowser() {
     args: [
       '--no-sandbox',
       '--disable-gpu',
+      '--disable-dev-shm-usage', // small in a container
       '--disable-quic',
       '--no-first-run',
       '--disable-background-networking',

@@ -41,10 +41,8 @@ void VhdlScanner::Print(FILE* stream) {
 }
 
 void VhdlScanner::Print(TextSink& sink) {
-  Printer printer(settings, sink);
-  const VhdlToken* token = tokenList.getFirst();
-  while (token != nullptr && (token = token->getNext()) != nullptr) printer.print(*token);
-  printer.flush();
+  const VhdlToken* sentinel = tokenList.getFirst();
+  Printer(settings, sink).print(sentinel == nullptr ? nullptr : sentinel->getNext());
 }
 
 int VhdlScanner::OpenOutfile(FileReplacement& outFile) const {

@@ -12,9 +12,9 @@ constexpr int shortestTabRun = 4;  // fewer blanks are never turned into tabs
 void OutputBuffer::writeRepeated(int count, char character) {
   while (count > 0) {
     makeRoom(1);
-    const int piece = std::min(count, static_cast<int>(sizeof(buffer) - used));
-    std::memset(buffer + used, character, static_cast<std::size_t>(piece));
-    used += static_cast<std::size_t>(piece);
+    const int piece = std::min(count, static_cast<int>(room()));
+    std::memset(end, character, static_cast<std::size_t>(piece));
+    end += piece;
     count -= piece;
   }
 }
@@ -23,12 +23,42 @@ void OutputBuffer::writeLong(std::string_view text, int style) {
   char before = '\0';
   while (!text.empty()) {
     makeRoom(1);
-    const std::string_view piece = text.substr(0, sizeof(buffer) - used);
-    convertCase(buffer + used, piece, style, before);
-    used += piece.size();
+    const std::string_view piece = text.substr(0, room());
+    convertCase(end, piece, style, before);
+    end += piece.size();
     before = piece.back();
     text.remove_prefix(piece.size());
   }
+}
+
+void OutputBuffer::flush() {
+  if (end > buffer) sink.put({buffer, static_cast<std::size_t>(end - buffer)});
+  end = buffer;
+}
+
+// The switches are copied, for no compiler keeps members in registers while characters are written;
+// they change at pragmas alone, which are never of blanks. Only tabs need the column.
+void Printer::print(const VhdlToken* token) {
+  const bool hasTabs = settings.tabify != 0;
+  int shown = formatted;
+  for (; token != nullptr; token = token->getNext()) {
+    const int blanks = token->countBlanks(shown);
+    if (blanks >= 0 && !hasTabs) {
+      output.writeBlanks(blanks);
+      continue;
+    }
+    const int typ = token->getTyp();
+    if (isPragma(typ)) {
+      obey(typ);
+      shown = formatted;
+    }
+    if (hasTabs) {
+      printTabified(*token, blanks);
+    } else {
+      output.write(token->viewText(shown), styles[typ]);
+    }
+  }
+  output.flush();
 }
 
 /** A pragma comment is itself printed under its new setting. */

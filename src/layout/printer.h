@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <iterator>
 
 #include "base/textsink.h"
 #include "scanner/settings.h"
@@ -24,8 +25,8 @@ class OutputBuffer {
       return;
     }
     makeRoom(caseBlock);
-    convertBlock(buffer + used, text.data(), style);
-    used += text.size();
+    convertBlock(end, text.data(), style);
+    end += text.size();
   }
   void writeBlanks(int count) {
     if (count > static_cast<int>(caseBlock)) {
@@ -33,45 +34,32 @@ class OutputBuffer {
       return;
     }
     makeRoom(caseBlock);
-    std::memset(buffer + used, ' ', caseBlock);
-    used += static_cast<std::size_t>(count);
+    std::memset(end, ' ', caseBlock);
+    end += count;
   }
   void writeRepeated(int count, char character);
-  void flush() {
-    if (used > 0) sink.put({buffer, used});
-    used = 0;
-  }
+  void flush();
 
  private:
+  std::size_t room() const { return static_cast<std::size_t>(std::end(buffer) - end); }
   void makeRoom(std::size_t count) {
-    if (used > sizeof(buffer) - count) flush();
+    if (end > std::end(buffer) - count) [[unlikely]]
+      flush();
   }
   void writeLong(std::string_view text, int style);
 
   TextSink& sink;
-  std::size_t used = 0;
+  char* end = buffer;  // of the text gathered
   char buffer[65536];
 };
 
-/** Keeps the switches and the column from token to token. */
+/** Prints one list. */
 class Printer {
  public:
   Printer(const Settings& chosen, TextSink& sink) : settings(chosen), output(sink) { setStyles(); }
 
-  void print(const VhdlToken& token) {
-    const int typ = token.getTyp();
-    if (isPragma(typ)) obey(typ);
-    const int blanks = token.countBlanks(formatted);
-    if (settings.tabify != 0) {  // only tabs need the column
-      printTabified(token, blanks);
-    } else if (blanks >= 0) {
-      output.writeBlanks(blanks);
-    } else {
-      output.write(token.viewText(formatted), styles[typ]);
-    }
-  }
-  /** To be called after the last token. */
-  void flush() { output.flush(); }
+  /** Prints the tokens from one on. */
+  void print(const VhdlToken* token);
 
  private:
   void obey(int pragma);

@@ -104,13 +104,13 @@ void VhdlScanner::LineBreak() {
   bool isWrapping = true;
   VhdlToken* token = tokenList.getFirst();
   while ((token = token->getNext()) != nullptr) {
-    const int typ = token->getTyp();
-    const int length = token->textLength(1);
-    if (typ == T_NEWLINE && length > 0) {
+    if (isLineEnd(*token, 1)) {
       line.start(/*nextIsNew*/ true);
       line.shifts.clear();
       continue;
     }
+    const int typ = token->getTyp();
+    const int length = token->textLength(1);
     line.visit(*token);
     token->setColumn(static_cast<int>(line.width));
     line.width += length;

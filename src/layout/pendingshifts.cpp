@@ -34,8 +34,7 @@ int PendingShifts::apply(int indent) {
   return static_cast<int>(shifted);
 }
 
-void PendingShifts::clear() {
-  if (shifts.empty()) return;
+void PendingShifts::drop() {
   shifts.clear();  // keeps the memory for the next line
   smallest = INT_MAX;
   totals.resize(1);

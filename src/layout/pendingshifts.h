@@ -24,7 +24,9 @@ class PendingShifts {
   [[nodiscard]] int apply(int indent);
   /** False for an indent that no shift so far would change. */
   [[nodiscard]] bool concern(int indent) const { return indent > smallest; }
-  void clear();
+  void clear() {
+    if (!shifts.empty()) drop();
+  }
 
  private:
   struct Shift {
@@ -39,6 +41,7 @@ class PendingShifts {
       highest = std::max(highest, other.highest);
     }
   };
+  void drop();
   /** The first place from `from` on whose limit is below the indent, else the end. */
   std::size_t startOfRun(std::size_t from, long long indent) const;
   /** The first place from `from` on where an indent that has taken every shift since `from` does

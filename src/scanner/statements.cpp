@@ -209,9 +209,22 @@ void VhdlScanner::openMaps() {
   PortMap();
 }
 
-// Words of properties, which are names in older sources. With VHDL 2008:
-//     default clock is rising_edge(clk);  | DEFAULT clock IS rising_edge(clk);
-void VhdlScanner::Directive() { opensStatement() ? Wait() : Identifier(); }
+// Words of properties, which are names in older sources. Semicolons between parameters end nothing.
+// With VHDL 2008:
+//     property p(a : bit;  | PROPERTY p(a: bit; b: bit) IS a -> b;
+//     b : bit) is a -> b;  | DEFAULT clock IS c;
+//     default clock is c;  |
+void VhdlScanner::Directive() {
+  if (!opensStatement()) {
+    Identifier();
+    return;
+  }
+  const int level = getParenLevel();
+  indentUnlessLabelled();
+  while (waitFor(T_SEMICOLON, T_SEMICOLON) && getParenLevel() > level) {
+  }
+  endStatement();
+}
 
 void VhdlScanner::CheckedDirective() { opensStatement() ? Assert() : Identifier(); }
 

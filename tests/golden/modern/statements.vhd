@@ -1,11 +1,12 @@
 -- Operators, literals, assignments, external names and properties
 architecture sim of tb is
-alias state is <<signal .tb.dut.state:state_t>>;
+alias state is <<signal .tb.dut.state:state_t>>; alias to_int is convert[word return integer];
 constant mask : bits := 8X"FF" & 12UB"10_10" & X"1-ZZ" & 16d"10";
 signal part : mask'element; signal same : mask'subtype;
 begin
 default clock is rising_edge(clk);
 sequence s is {a; b[*2]; c[->1]}; property p(a : bit) is always {a} |=> s;
+property follows(first_one : bit; second_one : bit) is always {first_one; second_one} |=> {second_one};
 check : assert always {req; not ack} |-> next! ack report "no ack" severity error;
 cover {a; b} report "seen"; assume a; restrict {a[+]};
 main : process (all) begin

@@ -1,4 +1,4 @@
-// Changed lines are skipped by the counts before them, as they may look like anything.
+// Changed lines begin with a sign, so that none looks like a header.
 #include "fmt/patchhunks.h"
 
 #include <algorithm>
@@ -35,12 +35,6 @@ PatchHunk hunkFrom(std::string_view header) {
   return hunk;
 }
 
-void skipLines(std::string_view& patch, unsigned count) {
-  while (count > 0 && !patch.empty()) {
-    if (!takeLine(patch).starts_with('\\')) --count;  // "\ No newline at end of file"
-  }
-}
-
 }  // namespace
 
 std::vector<std::vector<PatchHunk>> readPatchHunks(std::string_view patch) {
@@ -49,9 +43,7 @@ std::vector<std::vector<PatchHunk>> readPatchHunks(std::string_view patch) {
     const std::string_view line = takeLine(patch);
     if (line.starts_with("diff --git ")) files.emplace_back();
     if (!line.starts_with("@@ -") || files.empty()) continue;
-    const PatchHunk hunk = hunkFrom(line);
-    files.back().push_back(hunk);
-    skipLines(patch, hunk.oldCount + hunk.newCount);
+    files.back().push_back(hunkFrom(line));
   }
   return files;
 }

@@ -1,6 +1,8 @@
 // Assignments and declarations in a run, statement after statement on consecutive lines, have their
 // assignment tokens or colons in one column. The alignment works on lengths: each statement gets
 // the blanks that pad its own target to the longest of its run.
+#include <algorithm>
+
 #include "base/columns.h"
 #include "scanner/vhdlscanner.h"
 
@@ -38,8 +40,7 @@ int VhdlScanner::determineTargetLength(int typ, int orTyp) {
       isAssigned = false;
     } else if ((next == typ || next == orTyp) && !isAssigned) {
       if (token->getLineNo() != semicolonLine + 1) break;
-      const int length = targetLengthAhead(*token);
-      if (length > run.targetLength && length <= settings.identLength) run.targetLength = length;
+      run.targetLength = std::max(run.targetLength, targetLengthAhead(*token));
       run.targetEndLine = token->getLineNo();
       isAssigned = true;
       start = nullptr;

@@ -130,7 +130,6 @@ void VhdlScanner::openElements() {
 void VhdlScanner::closeElements() {
   End();
   if (settings.style == C_A) popIndent();
-  StatementClosed();
 }
 
 //     type r is record       | TYPE r IS

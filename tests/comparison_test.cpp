@@ -32,7 +32,7 @@ void expectVerdicts(const Case (&cases)[count]) {
 TEST(Comparison, TakesBlanksLineEndsAndLetterCase) {
   expectVerdicts({
       {"a<=b;\r\nEND", "A <= B;\nend\n", ""},
-      {"10ns 1.5E-3 16#fF#", "10 ns 1.5e-3\n16#Ff#", ""},
+      {"10ns 1.5E-3 16#fF# 1 .a", "10 ns 1.5e-3\n16#Ff# 1.a", ""},
       {"x\"aF\" 7X\"0F\" 12Ub\"1Z\"", "X\"Af\" 7X\"0f\" 12uB\"1Z\"", ""},
       {"when '0'!a ! \"+\"", "when '0' | a | \"+\"", ""},
       {"x'event t'('(') ('(', ')') 'a", "X' EVENT t ' ( '(' )('(',')')\n'A", ""},

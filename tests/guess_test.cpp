@@ -47,6 +47,23 @@ TEST(GuessTest, FindsTheStyleOfFormattedTexts) {
   }
 }
 
+TEST(GuessTest, SaysWhyAndWhatItCosts) {
+  const std::vector<std::string> texts{
+      "entity e is\nport (a : in bit; B : out bit);\nend e;\n"
+      "architecture r of e is\nbegin\n   p : process (a)\n   begin\n      if a = '1' then\n"
+      "         b <= 16#FF#;\n      end if;\n   end process;\nend r;\n" +
+      std::string(90, '\n')};
+  EXPECT_EQ(guessSettings(texts, 1, 1).text,
+            "# Guessed by qornfmt from 1 file.\n\n"
+            "KEYWORDCASE             LOWERCASE   # 100.0 % of reserved words are in lower case\n"
+            "HEXDIGITS               UPPERCASE   # 100.0 % of literals with letters are in upper "
+            "case\n"
+            "INDENTATION             3           # 4.9 % more of the lines would change with 4\n\n"
+            "# Lines that would change: 2.0 % with these settings, 12 % with the defaults.\n"
+            "# Sample styles: compact 12 %, emacs 6.9 %, lowercase 6.9 %, modern 6.9 %, "
+            "neverwrap 12 %, style-b 12 %, width100 12 %, width120 12 %.\n");
+}
+
 TEST(GuessTest, ThreadsMakeNoDifference) {
   const std::vector<std::string> texts(3, "entity e is end;\nEntity f is\nend f;\n");
   EXPECT_EQ(guessSettings(texts, 3, 1).text, guessSettings(texts, 3, 3).text);

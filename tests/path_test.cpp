@@ -18,7 +18,7 @@ TEST(PathTest, CleanupTidiesTheText) {
     const char* input;
     const char* expected;
   } cases[] = {
-      {"/a/.//./b", "/a/b"},
+      {"/./a/.//./b", "/a/b"},
       {"/a/b/c/../../d/../e", "/a/e"},
       {"/a/b/..", "/a"},
       {"/a/b/.", "/a/b"},

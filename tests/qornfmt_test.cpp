@@ -105,8 +105,8 @@ TEST(QornfmtTest, KeepsTheFormOfTexts) {
       {"mark", "\\357\\273\\277use a ;\\n", "", "\357\273\277USE a;\n"},
       {"mixed, as most", "use a ;\\r\\nuse b ;\\nUSE c;\\r\\n", "",
        "USE a;\r\nUSE b;\r\nUSE c;\r\n"},
-      {"mixed, all but one line", "use a ;\\r\\nuse b ;\\nuse c ;\\r\\nuse d;\\n", "--lines 3:3",
-       "use a ;\r\nuse b ;\nUSE c;\nuse d;\n"},
+      {"mixed, all but one line", "\\357\\273\\277use a ;\\r\\nuse b ;\\nuse c ;\\r\\nuse d;\\n",
+       "--lines 3:3", "\357\273\277use a ;\r\nuse b ;\nUSE c;\nuse d;\n"},
   };
   const TempFolder folder;
   for (const auto& row : rows) {

@@ -72,6 +72,9 @@ TEST_F(SettingSourceTest, TheNearestConfigurationWins) {
   EXPECT_EQ(&source.ofFile("home/lib/a.vhd"), &source.ofFolder("home/lib")) << "read once";
   fs::current_path(folder.path("home/tree/src/deep"));
   EXPECT_EQ(widthFor(source, ""), "50") << "no name: the current folder";
+  setenv("HOME", folder.path("out/far").c_str(), 1);
+  SettingSource ofAnother("");
+  EXPECT_EQ(widthFor(ofAnother, folder.path("out/far/home/a.vhd")), "80") << "home ends the search";
 }
 
 TEST_F(SettingSourceTest, NamedOnesComeFirst) {

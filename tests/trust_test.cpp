@@ -152,6 +152,46 @@ TEST(TrustTest, ReplacesAFileWholeOrNotAtAll) {
   }
 }
 
+/** The text of a.vhd after a failure that was reported: its own, or that of the backup where no
+    file could be made, or that of the place which the message names. */
+std::string survivor(const TempFolder& folder, const std::string& message) {
+  constexpr std::string_view words = "; its text is in ";
+  const std::size_t place = message.find(words);
+  if (place != std::string::npos) {
+    const std::string name = message.substr(place + words.size());
+    return shell(folder, "cat " + name).out;
+  }
+  const std::string text = folder.read("a.vhd");
+  return text == "(none)" ? folder.read("a.vhd.bak") : text;
+}
+
+TEST(TrustTest, KeepsTheTextWhateverFails) {
+#ifdef QORN_HAS_ADDRESS_SANITIZER
+  GTEST_SKIP() << "the sanitizer wants to be loaded first";
+#endif
+  int failures = 0;
+  for (const std::string options : {"", "-c rc "}) {
+    for (const char* call : {"open", "read", "write", "close", "stat", "fstat", "linkat"}) {
+      for (int count = 1; count <= 6; ++count) {
+        const TempFolder folder;
+        folder.write("a.vhd", "use a ;\n");
+        folder.write("rc", "KEEPBACKUPFILE FALSE\n");
+        const std::string fault = call + (':' + std::to_string(count)) + ":28";  // ENOSPC
+        SCOPED_TRACE(options + fault);
+        const ProgramRun run = shell(folder, "QORN_FAIL=" + fault + " LD_PRELOAD='" + QORN_FAILING +
+                                                 "' qorn " + options + "a.vhd");
+        if (run.err.empty()) {
+          EXPECT_EQ(folder.read("a.vhd"), "USE a;\n");
+        } else {
+          EXPECT_EQ(survivor(folder, run.err), "use a ;\n") << run.err;
+          ++failures;
+        }
+      }
+    }
+  }
+  EXPECT_GT(failures, 10);
+}
+
 // Some other process may have made the pipe non-blocking; and nothing is written twice when a
 // signal ends the run amid the writing.
 TEST(TrustTest, WritesAllThatASlowReaderTakes) {

@@ -20,6 +20,7 @@ p1: process (clk,
 rst) is variable v : integer; begin v := 1; end process p1;
 process begin wait; end process;
 process is begin null; end process;
+no_label process begin null; end process;
 p2 : postponed process (all_of(1), x)
 begin
 null;

@@ -24,7 +24,8 @@ const write = (name, text, mode) => writeFileSync(inWork(name), text, { mode });
 const setSettings = (settings) => write('.vscode/settings.json', JSON.stringify(settings));
 mkdirSync(inWork('.vscode'), { recursive: true });
 mkdirSync(join(box, 'data/User'), { recursive: true });
-writeFileSync(join(box, 'data/User/settings.json'), '{ "workbench.startupEditor": "none" }');
+const ofUser = { 'workbench.startupEditor': 'none', 'files.autoSave': 'off' }; // in browsers it is on
+writeFileSync(join(box, 'data/User/settings.json'), JSON.stringify(ofUser));
 setSettings({});
 write('a.vhd', raw);
 write('latin.vhd', Buffer.from('-- \xe4\nx<=y;\n', 'latin1'));
@@ -117,7 +118,7 @@ try {
     });
   await suggest('keys', 'iden', /IDENTIFIERCASE/);
   await suggest('values', 'IDENTIFIERCASE ', /ASIS/);
-  await run('File: Revert File');
+  while (await page.locator('.tab.dirty').count()) await run('File: Revert File');
 
   await open('a.vhd');
   await saves('a document', 'a.vhd', neat, formatDocument);

@@ -38,7 +38,10 @@ program.push('--extensions-dir', join(box, 'extensions'));
 execFileSync(process.execPath, [...program, '--install-extension', vsix], { stdio: 'ignore' });
 program.push('--accept-server-license-terms', '--telemetry-level=off', '--disable-workspace-trust');
 program.push('--without-connection-token', '--host=127.0.0.1', '--port=0');
-const server = spawn(process.execPath, program, { stdio: ['ignore', 'pipe', 'ignore'] });
+const server = spawn(process.execPath, program, {
+  env: { ...process.env, QORNRC: undefined }, // for the nearest configuration to apply
+  stdio: ['ignore', 'pipe', 'ignore'],
+});
 const browser = await launchBrowser();
 const page = await browser.newPage({ viewport: { width: 1200, height: 800 } });
 const shoot = (name) => page.screenshot({ path: join(pictures, `${name}.png`) });

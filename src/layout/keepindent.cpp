@@ -15,5 +15,6 @@ void VhdlScanner::KeepIndentation() {
   const int rest = column - steps * settings.indentation;
   if (rest != 0) setIndent(rest, /*relative*/ 1);
   for (int i = 0; i < steps; ++i) stepIn();
+  ruler.forget();  // a comment before the code may still change
   StatementClosed();
 }
